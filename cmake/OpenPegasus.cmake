@@ -1,0 +1,15 @@
+# An OpenPegasus that the user has built: PEGASUS_ROOT is its source tree, PEGASUS_HOME its installation.
+set(PEGASUS_ROOT "$ENV{PEGASUS_ROOT}" CACHE PATH "Source tree of OpenPegasus (holds src/Pegasus)")
+set(PEGASUS_HOME "$ENV{PEGASUS_HOME}" CACHE PATH "Installation of OpenPegasus (holds lib and bin)")
+
+if(NOT EXISTS "${PEGASUS_ROOT}/src/Pegasus/Provider/CIMInstanceProvider.h")
+    message(FATAL_ERROR "PEGASUS_ROOT (\"${PEGASUS_ROOT}\") holds no src/Pegasus/Provider/CIMInstanceProvider.h")
+endif()
+target_include_directories(cim_api SYSTEM INTERFACE "${PEGASUS_ROOT}/src")
+foreach(lib pegcommon pegprovider pegclient)
+    find_library(QRV_${lib} ${lib} PATHS "${PEGASUS_HOME}/lib" NO_DEFAULT_PATH)
+    if(NOT QRV_${lib})
+        message(FATAL_ERROR "PEGASUS_HOME (\"${PEGASUS_HOME}\") holds no lib/lib${lib}.so")
+    endif()
+    target_link_libraries(cim_api INTERFACE "${QRV_${lib}}")
+endforeach()
