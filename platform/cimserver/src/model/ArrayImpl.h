@@ -90,7 +90,9 @@ void Array<T>::reserveCapacity(Uint32 capacity) {
 
 template <class T>
 void Array<T>::grow(Uint32 n, const T& x) {
-    const T value(x);  // `x` may be an element of this array
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): `x` may be an element of this
+    // array
+    const T value(x);
     makeRoomFor(n);
     std::uninitialized_fill_n(items(_buffer) + size(), n, value);
     _buffer->size += n;

@@ -72,8 +72,6 @@ CIMParamValue received(const CIMParamValue& sent) {
 
 CIMClient::CIMClient() = default;
 
-CIMClient::~CIMClient() = default;
-
 cimserver::LocalServer& CIMClient::server() const {
     if (!_server) {
         throw NotConnectedException();

@@ -247,7 +247,7 @@ CIMKeyBinding::CIMKeyBinding(const CIMName& name, const String& value, Type type
     : _name(name), _value(value), _type(type) {}
 
 CIMKeyBinding::CIMKeyBinding(const CIMName& name, const CIMValue& value)
-    : _name(name), _value(), _type(keyTypeFor(value)) {
+    : _name(name), _type(keyTypeFor(value)) {
     _value = value.toString();
 }
 
@@ -309,7 +309,8 @@ void CIMObjectPath::set(const String& host, const CIMNamespaceName& nameSpace,
 }
 
 void CIMObjectPath::set(const String& objectName) {
-    const String text = objectName;  // may be part of this path
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it may be part of this path
+    const String text = objectName;
     clear();
     _rep = readObjectPath(text);
 }

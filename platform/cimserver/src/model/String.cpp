@@ -121,6 +121,7 @@ CString::CString(CString&& other) noexcept {
 }
 
 CString& CString::operator=(const CString& other) {
+    if (this == &other) return *this;
     if (other._size == none) {
         _heap.reset();
         _size = none;

@@ -63,7 +63,7 @@ std::string Converter::shown(const Literal& literal) {
 template <class T>
 T Converter::integer(const Literal& literal) const {
     require(literal, Literal::Kind::Integer);
-    const std::optional<Integer> value = parseInteger(literal.text);
+    const std::optional<MofInteger> value = parseInteger(literal.text);
     const auto highest = static_cast<std::uint64_t>(std::numeric_limits<T>::max());
     const std::uint64_t limit = !value || !value->isNegative ? highest
                                 : std::is_signed_v<T>        ? highest + 1

@@ -68,8 +68,8 @@ bool isInteger(std::string_view text) {
     return !digits.text.empty();
 }
 
-std::optional<Integer> parseInteger(std::string_view text) {
-    Integer result;
+std::optional<MofInteger> parseInteger(std::string_view text) {
+    MofInteger result;
     result.isNegative = takeSign(text);
     const Digits digits = digitsOf(text);
     const char* end = digits.text.data() + digits.text.size();

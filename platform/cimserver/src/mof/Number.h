@@ -17,12 +17,12 @@ bool isReal(std::string_view text);
 /// without a sign.
 bool isInteger(std::string_view text);
 
-struct Integer {
+struct MofInteger {
     bool isNegative = false;
     std::uint64_t magnitude = 0;
 };
 
 /// The value of a text that isInteger(); nothing when it takes more than 64 bits.
-std::optional<Integer> parseInteger(std::string_view text);
+std::optional<MofInteger> parseInteger(std::string_view text);
 
 }  // namespace cimserver

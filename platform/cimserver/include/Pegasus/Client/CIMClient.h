@@ -33,7 +33,7 @@ PEGASUS_NAMESPACE_BEGIN
 class PEGASUS_CLIENT_LINKAGE CIMClient {
   public:
     CIMClient();
-    ~CIMClient();
+    ~CIMClient() = default;
     CIMClient(const CIMClient&) = delete;
     CIMClient& operator=(const CIMClient&) = delete;
 

@@ -1,0 +1,15 @@
+# The library shows its C interface and its control functions, and nothing else.
+execute_process(COMMAND ${NM} -D -C --defined-only ${LIBRARY} OUTPUT_VARIABLE listing
+                COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX REPLACE "\n$" "" listing "${listing}")
+string(REPLACE ";" "," listing "${listing}")
+string(REPLACE "\n" ";" lines "${listing}")
+set(expected "^[0-9a-f]+ [TWV] (api_|cim_sem_|errinfo_|hashtable_|log_message$|qrv_print_no_evt$|qrv_panic$|cluster_num_nodes_alive$|free_if_not_null$|validateConvertIP$|create_string_hashtable$|delete_hashtable$|set_invalid_value$|qrvapi::control::[A-Za-z]+(::|\\[|\\()|(typeinfo|typeinfo name|vtable) for qrvapi::control::ScenarioError$)")
+foreach(line ${lines})
+    if(NOT line MATCHES "${expected}")
+        list(APPEND strangers "${line}")
+    endif()
+endforeach()
+if(strangers OR NOT lines)
+    message(FATAL_ERROR "unexpected exports: ${strangers}")
+endif()
