@@ -1,0 +1,91 @@
+#include "cimxml/Answer.h"
+
+#include "cimxml/Text.h"
+#include "cimxml/Utf8.h"
+
+namespace cimserver {
+
+using namespace Pegasus;
+
+namespace {
+
+std::string statusName(CIMStatusCode code) {
+    const std::string name = cimStatusCodeToString(code);
+    const bool known = code >= CIM_ERR_SUCCESS && code <= CIM_ERR_SERVER_IS_SHUTTING_DOWN;
+    return known ? name : name + " \"" + std::to_string(static_cast<Uint32>(code)) + '"';
+}
+
+}  // namespace
+
+std::string errorDescription(const CIMException& error) {
+    const std::string message = toUtf8(error.getMessage());
+    const std::string name = statusName(error.getCode());
+    return message.empty() ? name : name + ": " + message;
+}
+
+Answer::Answer(const Message& message, AnswerChannel& channel)
+    : _message(message),
+      _channel(channel),
+      _limit(channel.takesTrailers() ? kPartBytes : kHoldBytes) {
+    begin();
+}
+
+void Answer::begin() {
+    _text =
+        "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n"
+        "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">\n"
+        "<MESSAGE ID=\"";
+    appendEscaped(_text, _message.id());
+    _text += "\" PROTOCOLVERSION=\"1.0\">\n<SIMPLERSP>\n";
+    _text += _message.intrinsic() ? "<IMETHODRESPONSE NAME=\"" : "<METHODRESPONSE NAME=\"";
+    appendEscaped(_text, _message.method());
+    _text += "\">\n";
+    _returnsValue = false;
+}
+
+void Answer::openReturnValue() {
+    if (_returnsValue) return;
+    if (_message.intrinsic()) _text += "<IRETURNVALUE>\n";
+    _returnsValue = true;
+}
+
+void Answer::closeReturnValue() {
+    if (_returnsValue && _message.intrinsic()) _text += "</IRETURNVALUE>\n";
+}
+
+void Answer::end() {
+    _text += _message.intrinsic() ? "</IMETHODRESPONSE>\n" : "</METHODRESPONSE>\n";
+    _text += "</SIMPLERSP>\n</MESSAGE>\n</CIM>\n";
+}
+
+void Answer::sendPart() {
+    _sent = true;
+    _limit = kPartBytes;
+    _channel.send(_text);
+}
+
+void Answer::succeed() {
+    closeReturnValue();
+    end();
+    _channel.finish(_text);
+}
+
+void Answer::fail(const CIMException& error) {
+    const auto code = static_cast<Uint32>(error.getCode());
+    if (_channel.takesTrailers()) {
+        const std::string description =
+            _returnsValue ? toUtf8(error.getMessage()) : errorDescription(error);
+        closeReturnValue();
+        end();
+        return _channel.finish(_text, code, description);
+    }
+    if (_sent) return _channel.breakOff();
+    begin();
+    _text += "<ERROR CODE=\"" + std::to_string(code) + "\" DESCRIPTION=\"";
+    appendEscaped(_text, errorDescription(error));
+    _text += "\"/>\n";
+    end();
+    _channel.finish(_text);
+}
+
+}  // namespace cimserver

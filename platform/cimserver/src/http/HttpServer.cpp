@@ -1,0 +1,245 @@
+#include "http/HttpServer.h"
+
+#include "http/Session.h"
+
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/ip/v6_only.hpp>
+#include <boost/asio/signal_set.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <boost/asio/thread_pool.hpp>
+
+#include <algorithm>
+#include <csignal>
+#include <deque>
+#include <stdexcept>
+#include <unordered_map>
+
+namespace cimserver {
+
+namespace asio = boost::asio;
+using asio::ip::tcp;
+using Error = boost::system::error_code;
+
+namespace {
+
+// After that, workers that still run hang in a provider.
+constexpr std::chrono::seconds kUnwindTime{3};
+// The pause when the process has no descriptor left for a connection.
+constexpr std::chrono::milliseconds kAcceptPause{100};
+
+std::string describe(const tcp::endpoint& endpoint) {
+    const auto address = endpoint.address();
+    const std::string host =
+        address.is_v6() ? "[" + address.to_string() + "]" : address.to_string();
+    return host + ":" + std::to_string(endpoint.port());
+}
+
+std::runtime_error cannotListen(const std::string& where, const Error& error) {
+    return std::runtime_error("cannot listen on " + where + ": " + error.message());
+}
+
+// An address of a name that this machine doesn't have, such as ::1 without IPv6.
+bool isMissingAddress(const Error& error) {
+    return error == asio::error::address_family_not_supported ||
+           error == boost::system::errc::address_not_available;
+}
+
+}  // namespace
+
+class HttpServer::Impl final : private SessionHost {
+  public:
+    Impl(const CimService& service, Authenticator authenticate, HttpSettings settings)
+        : _service(service),
+          _authenticate(std::move(authenticate)),
+          _settings(std::move(settings)),
+          _workers(_settings.workers),
+          _signals(_io),
+          _timer(_io) {}
+
+    std::vector<std::string> listen(const std::string& host, std::uint16_t port) {
+        std::vector<std::string> urls;
+        Error error;
+        tcp::resolver resolver(_io);
+        const auto found =
+            resolver.resolve(host, std::to_string(port), tcp::resolver::passive, error);
+        if (error) throw cannotListen(host, error);
+        for (const auto& entry : found) {
+            tcp::endpoint endpoint = entry.endpoint();
+            endpoint.port(port);
+            tcp::acceptor acceptor = bind(endpoint, error);
+            if (error && isMissingAddress(error)) continue;
+            if (error) throw cannotListen(describe(endpoint), error);
+            port = acceptor.local_endpoint().port();
+            urls.push_back("http://" + describe(acceptor.local_endpoint()) + "/");
+            _acceptors.push_back(std::move(acceptor));
+        }
+        if (urls.empty()) throw cannotListen(host, error);
+        return urls;
+    }
+
+    bool run() {
+        for (auto& acceptor : _acceptors) accept(acceptor);
+        _io.run();
+        if (_hanging) return false;
+        _workers.join();
+        return true;
+    }
+
+    void stop() {
+        asio::post(_io, [this] { beginStop(); });
+    }
+
+    void stopOnSignals() {
+        _signals.add(SIGTERM);
+        _signals.add(SIGINT);
+        awaitSignal();
+    }
+
+  private:
+    const HttpSettings& settings() const override { return _settings; }
+    const CimService& service() const override { return _service; }
+    const Authenticator& authenticator() const override { return _authenticate; }
+    asio::thread_pool& workers() override { return _workers; }
+
+    void ended(Connection& connection) override {
+        _connections.erase(&connection);
+        endWhenIdle();
+    }
+
+    tcp::acceptor bind(const tcp::endpoint& endpoint, Error& error) {
+        tcp::acceptor acceptor(_io);
+        acceptor.open(endpoint.protocol(), error);
+        if (!error) acceptor.set_option(tcp::acceptor::reuse_address(true), error);
+        if (!error && endpoint.address().is_v6())
+            acceptor.set_option(asio::ip::v6_only(true), error);
+        if (!error) acceptor.bind(endpoint, error);
+        if (!error) acceptor.listen(tcp::acceptor::max_listen_connections, error);
+        return acceptor;
+    }
+
+    void accept(tcp::acceptor& acceptor) {
+        acceptor.async_accept([this, &acceptor](Error error, tcp::socket socket) {
+            if (_stopping) return;
+            if (error) return acceptLater(acceptor);
+            admit(std::move(socket));
+            accept(acceptor);
+        });
+    }
+
+    void acceptLater(tcp::acceptor& acceptor) {
+        auto pause = std::make_shared<asio::steady_timer>(_io, kAcceptPause);
+        pause->async_wait([this, pause, &acceptor](Error) {
+            if (!_stopping) accept(acceptor);
+        });
+    }
+
+    void admit(tcp::socket socket) {
+        Error error;
+        const auto peer = socket.remote_endpoint(error);
+        if (error) return;
+        if (_connections.size() >= _settings.maxConnections) return turnAway(socket);
+        socket.set_option(tcp::no_delay(true), error);
+        auto session = std::make_shared<Session<boost::beast::tcp_stream>>(
+            boost::beast::tcp_stream(std::move(socket)), peer.address().to_string(),
+            static_cast<SessionHost&>(*this));
+        _connections.emplace(session.get(), session);
+        session->start();
+    }
+
+    // The few bytes fit into the socket's buffer; if not, the client sees the end of the connection
+    // only.
+    static void turnAway(tcp::socket& socket) {
+        static const std::string text =
+            refusalText(Refusal(503, "", "Too many connections."), true);
+        Error ignored;
+        socket.non_blocking(true, ignored);
+        socket.write_some(asio::buffer(text), ignored);
+    }
+
+    void awaitSignal() {
+        _signals.async_wait([this](Error error, int) {
+            if (error) return;
+            awaitSignal();
+            if (_stopping) return cutAll();
+            beginStop();
+        });
+    }
+
+    void beginStop() {
+        if (std::exchange(_stopping, true)) return;
+        for (auto& acceptor : _acceptors) {
+            Error ignored;
+            acceptor.close(ignored);
+        }
+        after(_settings.stopGrace, [this] { cutAll(); });
+        forEach(&Connection::finish);
+        endWhenIdle();
+    }
+
+    void cutAll() {
+        after(kUnwindTime, [this] {
+            _hanging = true;
+            _io.stop();
+        });
+        forEach(&Connection::cut);
+        endWhenIdle();
+    }
+
+    template <class Action>
+    void after(std::chrono::milliseconds time, Action action) {
+        _timer.expires_after(time);
+        _timer.async_wait([action](Error error) {
+            if (!error) action();
+        });
+    }
+
+    // With nothing left to wait for, run() returns.
+    void endWhenIdle() {
+        if (!_stopping || !_connections.empty()) return;
+        Error ignored;
+        _signals.cancel(ignored);
+        _timer.cancel();
+    }
+
+    // Connections that end take themselves out of the map.
+    void forEach(void (Connection::*action)()) {
+        const auto connections = _connections;
+        for (const auto& [key, connection] : connections) (connection.get()->*action)();
+    }
+
+    const CimService& _service;
+    Authenticator _authenticate;
+    HttpSettings _settings;
+    asio::io_context _io{1};
+    asio::thread_pool _workers;
+    std::deque<tcp::acceptor> _acceptors;
+    std::unordered_map<Connection*, std::shared_ptr<Connection>> _connections;
+    asio::signal_set _signals;
+    asio::steady_timer _timer;
+    bool _stopping = false;
+    bool _hanging = false;
+};
+
+HttpServer::HttpServer(const CimService& service, Authenticator authenticate, HttpSettings settings)
+    : _impl(std::make_unique<Impl>(service, std::move(authenticate), std::move(settings))) {}
+
+HttpServer::~HttpServer() = default;
+
+std::vector<std::string> HttpServer::listen(const std::string& host, std::uint16_t port) {
+    return _impl->listen(host, port);
+}
+
+bool HttpServer::run() {
+    return _impl->run();
+}
+
+void HttpServer::stop() {
+    _impl->stop();
+}
+
+void HttpServer::stopOnSignals() {
+    _impl->stopOnSignals();
+}
+
+}  // namespace cimserver

@@ -1,0 +1,66 @@
+// Listens, and serves CIM-XML over HTTP/1.1.
+#pragma once
+
+#include "http/CimService.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace cimserver {
+
+/// What clients may take of this server.
+struct HttpSettings {
+    std::string realm = "localhost";  ///< told to clients that have to authenticate
+    std::size_t workers = 8;          ///< operations that run at once
+    std::size_t maxConnections = 256;
+    std::size_t maxHeaderBytes = 16 << 10;
+    std::size_t maxBodyBytes = 4 << 20;
+    std::chrono::milliseconds requestTimeout{30'000};  ///< from a request's first byte to its last
+    std::chrono::milliseconds writeTimeout{30'000};    ///< for 64 KB to leave
+    std::chrono::milliseconds idleTimeout{300'000};    ///< between two requests
+    std::chrono::milliseconds stopGrace{10'000};  ///< for requests in flight when the server stops
+};
+
+/// Says whether a user may call with this password. Called on the thread that serves all
+/// connections, so it must not wait for anything. An empty function admits everybody, as the user
+/// "".
+using Authenticator = std::function<bool(const std::string& user, const std::string& password)>;
+
+/// An HTTP server for one CimService.
+///
+/// One thread, the one that calls run(), accepts connections, reads requests and writes responses;
+/// a pool of workers runs operations. A connection has one request in flight at a time.
+class HttpServer {
+  public:
+    /// `service` must outlive the server.
+    HttpServer(const CimService& service, Authenticator authenticate, HttpSettings settings);
+    ~HttpServer();
+
+    /// Listens at all addresses of a host name; port 0 takes a free one, the same for all
+    /// addresses. Gives the URLs it now listens at. Throws std::runtime_error with the address and
+    /// the reason when it cannot.
+    std::vector<std::string> listen(const std::string& host, std::uint16_t port);
+
+    /// Serves until stop() or until one of the signals that stopOnSignals() has named. Then it
+    /// finishes the requests in flight, for as long as the settings allow, and breaks off the
+    /// others. False when operations still hang in a provider: their threads cannot be ended, so
+    /// only the process can.
+    bool run();
+
+    /// Ends run(). May be called on any thread.
+    void stop();
+
+    /// Lets SIGTERM and SIGINT end run(); the second of them ends it without grace.
+    void stopOnSignals();
+
+  private:
+    class Impl;
+    std::unique_ptr<Impl> _impl;
+};
+
+}  // namespace cimserver

@@ -1,0 +1,247 @@
+// HTTP requests and responses as text, without sockets.
+#include "Support.h"
+#include "http/FrameSlot.h"
+
+#include <Pegasus/Common/Exception.h>
+#include <gtest/gtest.h>
+#include <boost/beast/http/parser.hpp>
+
+#include <ostream>
+#include <thread>
+
+namespace cimserver::test {
+namespace {
+
+class Collector final : public ByteSink {
+  public:
+    void write(Frame frame) override { text += frame.head + frame.body + frame.tail; }
+    std::string text;
+};
+
+HttpRequest parsed(const std::string& text) {
+    boost::beast::http::request_parser<boost::beast::http::string_body> parser;
+    parser.eager(true);
+    boost::beast::error_code error;
+    parser.put(boost::asio::buffer(text), error);
+    EXPECT_FALSE(error) << error.message();
+    return parser.release();
+}
+
+const std::string kHead =
+    "POST /cimom HTTP/1.1\r\nHost: h\r\nContent-Type: application/xml; charset=\"UTF-8\"\r\n"
+    "CIMOperation: methodcall\r\nCIMMethod: Enumerate%49nstanceNames\r\nCIMObject: root%2Ft\r\n";
+
+std::string withBody(const std::string& head) {
+    const std::string body =
+        message("EnumerateInstanceNames",
+                "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"T\"/></IPARAMVALUE>");
+    return head + "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
+}
+
+struct Served {
+    std::string text;
+    Ending ending;
+};
+
+Served serve(LocalServer& server, const std::string& request, bool close = false) {
+    Collector out;
+    const CimService service(server, XmlLimits());
+    const Ending ending = service.serve(parsed(request), {"u", "192.0.2.1"}, out, close);
+    return {out.text, ending};
+}
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const auto at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return text.replace(at, from.size(), to);
+}
+
+std::string headOf(const std::string& response) {
+    return response.substr(0, response.find("\r\n\r\n") + 4);
+}
+
+struct HeadCase {
+    const char* what;
+    std::string from;
+    std::string to;  ///< takes the place of `from` in a good header
+    std::string expected;
+};
+
+void PrintTo(const HeadCase& c, std::ostream* out) {
+    *out << c.what;
+}
+
+class HeadTest : public testing::TestWithParam<HeadCase> {};
+
+// The status, and CIMError when there is one.
+std::string verdict(const std::string& response) {
+    const std::string status = response.substr(9, 3);
+    const auto error = response.find("CIMError: ");
+    if (error == std::string::npos) return status;
+    return status + " " + response.substr(error + 10, response.find('\r', error) - error - 10);
+}
+
+TEST_P(HeadTest, IsJudged) {
+    ScriptedServer server;
+    const std::string request = withBody(replaced(kHead, GetParam().from, GetParam().to));
+    const Served served = serve(server, request);
+    EXPECT_EQ(verdict(served.text), GetParam().expected);
+    EXPECT_EQ(served.ending, Ending::KeepAlive);
+    EXPECT_EQ(server.call.empty(), GetParam().expected != "200");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Headers, HeadTest,
+    testing::Values(HeadCase{"good", "Host", "Host", "200"},
+                    HeadCase{"text/xml", "application/xml; charset=\"UTF-8\"", "text/xml", "200"},
+                    HeadCase{"prefixed fields", "CIM", "42-CIM", "200"},
+                    HeadCase{"version", "CIMMethod", "CIMProtocolVersion: 1.0\r\nCIMMethod", "200"},
+                    HeadCase{"other version", "CIMMethod", "CIMProtocolVersion: 1.1\r\nCIMMethod",
+                             "400 header-mismatch"},
+                    HeadCase{"GET", "POST", "GET", "405"},
+                    HeadCase{"OPTIONS", "POST", "OPTIONS", "405"},
+                    HeadCase{"unknown verb", "POST", "FROB", "501"},
+                    HeadCase{"no operation", "CIMOperation", "X-Operation", "400"},
+                    HeadCase{"other operation", "methodcall", "MethodResponse",
+                             "400 unsupported-operation"},
+                    HeadCase{"batch", "CIMMethod", "CIMBatch: 1\r\nCIMMethod",
+                             "501 multiple-requests-unsupported"},
+                    HeadCase{"no host", "Host: h\r\n", "", "400"},
+                    HeadCase{"no method", "CIMMethod", "X-Method", "400 header-mismatch"},
+                    HeadCase{"empty method", "Enumerate%49nstanceNames", "", "400 header-mismatch"},
+                    HeadCase{"bad escape", "root%2Ft", "root%2", "400 header-mismatch"},
+                    HeadCase{"other object", "root%2Ft", "root/u", "400 header-mismatch"},
+                    HeadCase{"no type", "Content-Type", "X-Type", "400"},
+                    HeadCase{"other type", "application/xml", "application/json", "400"},
+                    HeadCase{"other charset", "\"UTF-8\"", "latin1", "400"}));
+
+TEST(RefusalTest, SaysWhyAndHasNoContent) {
+    ScriptedServer server;
+    const std::string request = withBody(replaced(kHead, "methodcall", "Frob \"x\""));
+    EXPECT_EQ(
+        serve(server, request).text,
+        "HTTP/1.1 400 Bad Request\r\nCIMError: unsupported-operation\r\n"
+        "PGErrorDetail: CIMOperation%20value%20%22Frob%20%22x%22%22%20is%20not%20supported.\r\n"
+        "content-length: 0\r\n\r\n");
+}
+
+class ResponseTest : public testing::Test {
+  protected:
+    ResponseTest() { server.objects.push_back(Pegasus::CIMInstance("T")); }
+
+    ScriptedServer server;
+};
+
+TEST_F(ResponseTest, HasItsLength) {
+    const Served served = serve(server, withBody(kHead));
+    const std::string head = headOf(served.text);
+    EXPECT_EQ(
+        head,
+        "HTTP/1.1 200 OK\r\nContent-Type: application/xml; charset=utf-8\r\ncontent-length: " +
+            std::to_string(served.text.size() - head.size()) +
+            "\r\nCIMOperation: MethodResponse\r\n\r\n");
+}
+
+TEST_F(ResponseTest, AnnouncesTheEndOfTheConnection) {
+    const Served asked = serve(server, withBody(kHead + "Connection: Close\r\n"));
+    const Served told = serve(server, withBody(kHead), true);
+    const Served old = serve(server, withBody(replaced(kHead, "HTTP/1.1\r\nHost: h", "HTTP/1.0")));
+    for (const Served& served : {asked, told, old}) {
+        EXPECT_EQ(served.ending, Ending::Close);
+        EXPECT_NE(served.text.find("\r\nConnection: close\r\n"), std::string::npos);
+    }
+}
+
+TEST_F(ResponseTest, FollowsTheExtensionFramework) {
+    const Served served =
+        serve(server, withBody("M-" + replaced(kHead, "CIMOperation", "27-CIMOperation")));
+    const std::string head = headOf(served.text);
+    EXPECT_NE(head.find("\r\nExt:\r\nCache-Control: no-cache\r\n"
+                        "Man: http://www.dmtf.org/cim/mapping/http/v1.0; ns=27\r\n"
+                        "27-CIMOperation: MethodResponse\r\n"),
+              std::string::npos)
+        << head;
+}
+
+TEST_F(ResponseTest, IsChunkedWhenItIsLong) {
+    server.rounds = 10'000;
+    const std::string text = serve(server, withBody(kHead)).text;
+    EXPECT_NE(headOf(text).find("\r\ntransfer-encoding: chunked\r\n"), std::string::npos);
+    const std::string end = "</CIM>\n\r\n0\r\n\r\n";
+    EXPECT_EQ(text.substr(text.size() - end.size()), end);
+}
+
+TEST_F(ResponseTest, BreaksOffWithoutALastChunk) {
+    server.rounds = 10'000;
+    server.failure = [] { throw Pegasus::CIMException(Pegasus::CIM_ERR_FAILED); };
+    const Served chunked = serve(server, withBody(kHead));
+    EXPECT_EQ(chunked.ending, Ending::Close);
+    EXPECT_EQ(chunked.text.find("\r\n0\r\n"), std::string::npos);
+    const Served old = serve(server, withBody(replaced(kHead, "HTTP/1.1\r\nHost: h", "HTTP/1.0")));
+    EXPECT_EQ(old.ending, Ending::Reset);
+    EXPECT_EQ(old.text.find("</CIM>"), std::string::npos);
+}
+
+TEST_F(ResponseTest, HasErrorsInTrailersForThoseWhoTakeThem) {
+    server.failure = [] {
+        throw Pegasus::CIMException(Pegasus::CIM_ERR_NOT_FOUND, "a: b\r\nX: y");
+    };
+    const Served served = serve(server, withBody(kHead + "TE: gzip, trailers;q=0.5\r\n"));
+    EXPECT_EQ(served.ending, Ending::KeepAlive);
+    EXPECT_NE(headOf(served.text).find("\r\nTrailer: CIMStatusCode, CIMStatusCodeDescription\r\n"),
+              std::string::npos);
+    const std::string end =
+        "</CIM>\n\r\n0\r\nCIMStatusCode: 6\r\nCIMStatusCodeDescription: "
+        "a%3A%20b%0D%0AX%3A%20y\r\n\r\n";
+    EXPECT_EQ(served.text.substr(served.text.size() - end.size()), end);
+}
+
+struct CredentialsCase {
+    std::string field;
+    std::string expected;
+};
+
+TEST(CredentialsTest, AreReadOrNot) {
+    const CredentialsCase cases[] = {{"Basic dXNlcjpwYXNz", "user:pass"},
+                                     {"basic   dXNlcjpwYTpzcw==", "user:pa:ss"},
+                                     {"Basic Og==", ":"},
+                                     {"Basic dXNlcg==", "none"},
+                                     {"Basic !!!!", "none"},
+                                     {"Basic", "none"},
+                                     {"Basic /////w==", "none"},
+                                     {"Digest dXNlcjpwYXNz", "none"},
+                                     {"", "none"}};
+    for (const CredentialsCase& c : cases) {
+        HttpRequest request;
+        request.set(boost::beast::http::field::authorization, c.field);
+        const auto credentials = readCredentials(request);
+        EXPECT_EQ(credentials ? credentials->user + ":" + credentials->password : "none",
+                  c.expected)
+            << c.field;
+    }
+}
+
+TEST(FrameSlotTest, HoldsOneFrameAndEndsTheWaitWhenItBreaks) {
+    FrameSlot slot;
+    slot.put({"a", {}, {}});
+    EXPECT_FALSE(slot.empty());
+    bool gone = false;
+    std::thread producer([&] {
+        slot.put({"b", {}, {}});
+        try {
+            slot.put({"c", {}, {}});
+        } catch (const ClientGone&) {
+            gone = true;
+        }
+    });
+    slot.release();
+    while (slot.empty()) std::this_thread::yield();
+    EXPECT_EQ(slot.frame().head, "b");
+    slot.breakOff();
+    producer.join();
+    EXPECT_TRUE(gone);
+    EXPECT_TRUE(slot.broken());
+}
+
+}  // namespace
+}  // namespace cimserver::test

@@ -1,0 +1,60 @@
+#!/usr/bin/env python3
+"""Asks the server through wbemcli. Usage: through_wbemcli.py BIN/qrv-cimserver"""
+import pathlib
+import subprocess
+import sys
+import unittest
+
+import wire
+
+HERE = pathlib.Path(__file__).resolve().parent
+PROGRAM = None
+FIRST = 'QRV_StorageHardwareID.InstanceID="ORVELIS:FC-1000000000A1B201"'
+SECOND = 'QRV_StorageHardwareID.InstanceID="ORVELIS:FC-1000000000A1B203"'
+
+
+class WbemcliTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.server = wire.start([PROGRAM, "--port", "0", "--listen", "127.0.0.1",
+                                 "--array", str(HERE / "array.json")], "admin:admin")
+
+    @classmethod
+    def tearDownClass(cls):
+        assert cls.server.stop() == 0
+
+    def ask(self, operation, target, *rest, user="admin:admin"):
+        """The lines that wbemcli prints, without the part of each that says where the server is."""
+        where = f"{self.server.host}:{self.server.port}/root/qrv:"
+        command = ["wbemcli", *operation.split(), f"http://{user}@{where}{target}", *rest]
+        result = subprocess.run(command, capture_output=True, text=True, timeout=20)
+        lines = (result.stdout + result.stderr).splitlines()
+        return [line.replace(where, "") for line in lines if line]
+
+    def test_names_of_instances(self):
+        self.assertEqual(sorted(self.ask("ein", "QRV_StorageHardwareID")), [FIRST, SECOND])
+
+    def test_instances(self):
+        answer = self.ask("ei -nl", "CIM_StorageHardwareID", "ElementName,StorageID")
+        self.assertEqual(sorted(line for line in answer if line.startswith("-")),
+                         ['-ElementName="alpha"', '-ElementName="beta"',
+                          '-StorageID="1000000000A1B201"', '-StorageID="1000000000A1B203"'])
+
+    def test_an_instance(self):
+        self.assertEqual(self.ask("gi -nl", FIRST, "ElementName"), [FIRST, '-ElementName="alpha"'])
+
+    def test_a_class(self):
+        answer = self.ask("gc -nl", "QRV_StorageHardwareID")
+        self.assertEqual((answer[0], answer[-1]), ("QRV_StorageHardwareID", "-IPAddress="))
+        self.assertIn("-StorageID=", answer)
+
+    def test_errors(self):
+        self.assertIn("* wbemcli: Cim: (5) CIM_ERR_INVALID_CLASS: QRV_NoSuchClass",
+                      self.ask("ein", "QRV_NoSuchClass"))
+        self.assertIn("* wbemcli: Http Exception: Invalid username/password.",
+                      self.ask("ein", "QRV_StorageHardwareID", user="admin:wrong"))
+
+
+if __name__ == "__main__":
+    PROGRAM = sys.argv.pop(1)
+    unittest.main()

@@ -1,0 +1,99 @@
+"""What tests of the wire share: a small CIM-XML client and servers to start."""
+import base64
+import http.client
+import socket
+import subprocess
+import urllib.parse
+import xml.etree.ElementTree as ElementTree
+
+
+def message(call):
+    return ('<?xml version="1.0" encoding="utf-8"?><CIM CIMVERSION="2.0" DTDVERSION="2.0">'
+            '<MESSAGE ID="1" PROTOCOLVERSION="1.0"><SIMPLEREQ>' + call +
+            '</SIMPLEREQ></MESSAGE></CIM>')
+
+
+def enumeration(class_name, method="EnumerateInstances"):
+    return message(f'<IMETHODCALL NAME="{method}"><LOCALNAMESPACEPATH><NAMESPACE NAME="root"/>'
+                   '<NAMESPACE NAME="qrv"/></LOCALNAMESPACEPATH><IPARAMVALUE NAME="ClassName">'
+                   f'<CLASSNAME NAME="{class_name}"/></IPARAMVALUE></IMETHODCALL>')
+
+
+def object_path(element):
+    """The text form of a LOCALINSTANCEPATH or LOCALCLASSPATH."""
+    names = [n.get("NAME") for n in element.iter("NAMESPACE")]
+    text = "/".join(names) + ":"
+    if element.tag == "LOCALCLASSPATH":
+        return text + element.find("CLASSNAME").get("NAME")
+    instance = element.find("INSTANCENAME")
+    keys = []
+    for binding in sorted(instance.iter("KEYBINDING"), key=lambda b: b.get("NAME").lower()):
+        value = binding.find("KEYVALUE")
+        quoted = value.text.replace("\\", "\\\\").replace('"', '\\"')
+        keys.append(binding.get("NAME") + "=" +
+                    (f'"{quoted}"' if value.get("VALUETYPE", "string") == "string" else value.text))
+    return text + instance.get("CLASSNAME") + ("." + ",".join(keys) if keys else "")
+
+
+def cim_headers(body):
+    """CIMMethod and CIMObject as the message in `body` has them."""
+    call = ElementTree.fromstring(body).find("MESSAGE/SIMPLEREQ")[0]
+    if call.tag == "METHODCALL":
+        target = object_path(call[0])
+    else:
+        target = "/".join(n.get("NAME") for n in call[0].iter("NAMESPACE"))
+    return {"Content-Type": "application/xml; charset=utf-8", "CIMOperation": "MethodCall",
+            "CIMMethod": urllib.parse.quote(call.get("NAME")),
+            "CIMObject": urllib.parse.quote(target)}
+
+
+def authorization(user):
+    return {"Authorization": "Basic " + base64.b64encode(user.encode()).decode()} if user else {}
+
+
+def body_of(response):
+    """A refusal may say no length although nothing follows it and the connection stays open."""
+    refused = response.status >= 400 and response.length is None and not response.chunked
+    return "" if refused else response.read().decode()
+
+
+class Server:
+    """A server that runs elsewhere, or one that start() has started."""
+
+    def __init__(self, url, user, process=None):
+        parts = urllib.parse.urlsplit(url)
+        self.host, self.port, self.user, self.process = parts.hostname, parts.port, user, process
+
+    def connection(self, timeout=20):
+        return http.client.HTTPConnection(self.host, self.port, timeout=timeout)
+
+    def socket(self, timeout=20):
+        return socket.create_connection((self.host, self.port), timeout)
+
+    def post(self, body, headers=None, connection=None, user=None):
+        """The response to a message, read whole; its text is in `.text`."""
+        used = connection or self.connection()
+        try:
+            used.request("POST", "/cimom", body.encode(), {
+                **cim_headers(body), **authorization(user or self.user), **(headers or {})})
+            response = used.getresponse()
+            response.text = body_of(response)
+            return response
+        finally:
+            if used is not connection:
+                used.close()
+
+    def stop(self, timeout=20):
+        self.process.terminate()
+        code = self.process.wait(timeout)
+        self.process.stdout.close()
+        return code
+
+
+def start(command, user):
+    """Starts a server that tells its URL in the first line of its output."""
+    process = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
+    line = process.stdout.readline()
+    if "http://" not in line:
+        raise RuntimeError(f"{command[0]} did not start: {line!r}")
+    return Server(line[line.index("http://"):].strip(), user, process)
