@@ -1,0 +1,50 @@
+// The module's entry: the CIM server asks it for providers by name.
+
+#include <Pegasus/Provider/CIMProvider.h>
+#include <qrvapi.h>
+
+#include "QRV_MemberOfStorageHardwareIDCollectionProvider.h"
+#include "QRV_StorageClientSettingDataProvider.h"
+#include "QRV_StorageHardwareIDCollectionProvider.h"
+#include "QRV_StorageHardwareIDManagementServiceProvider.h"
+#include "QRV_StorageHardwareIDProvider.h"
+
+PEGASUS_USING_PEGASUS;
+
+namespace {
+
+template <class Provider>
+CIMProvider* create() {
+    return new Provider();
+}
+
+struct Entry {
+    const char* name;
+    CIMProvider* (*create)();
+};
+
+constexpr Entry PROVIDERS[] = {
+    {"QRV_StorageHardwareIDProvider", create<QRV_StorageHardwareIDProvider>},
+    {"QRV_StorageHardwareIDCollectionProvider", create<QRV_StorageHardwareIDCollectionProvider>},
+    {"QRV_MemberOfStorageHardwareIDCollectionProvider",
+     create<QRV_MemberOfStorageHardwareIDCollectionProvider>},
+    {"QRV_StorageHardwareIDManagementServiceProvider",
+     create<QRV_StorageHardwareIDManagementServiceProvider>},
+    {"QRV_StorageClientSettingDataProvider", create<QRV_StorageClientSettingDataProvider>},
+};
+
+}  // namespace
+
+/// Creates the provider of that name, in whatever case, or returns null when the module has none.
+/// The server owns the provider and gives it up by calling terminate().
+extern "C" PEGASUS_EXPORT CIMProvider* PegasusCreateProvider(const String& name);
+
+CIMProvider* PegasusCreateProvider(const String& name) {
+    log_message(4, "-->QRV_HostProviderMain(): provider name = %s\n",
+                static_cast<const char*>(name.getCString()));
+    for (const Entry& entry : PROVIDERS)
+        if (String::equalNoCase(name, entry.name)) return entry.create();
+    log_message(2, "<--QRV_HostProviderMain(): invalid provider name = %s\n",
+                static_cast<const char*>(name.getCString()));
+    return nullptr;
+}

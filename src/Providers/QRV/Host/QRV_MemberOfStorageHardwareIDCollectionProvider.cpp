@@ -1,0 +1,298 @@
+#include "QRV_MemberOfStorageHardwareIDCollectionProvider.h"
+
+#include <Pegasus/Provider/ProviderException.h>
+
+#include "../QRV_AssociationFrame.h"
+#include "../QRV_Common.h"
+#include "../QRV_InstanceID.h"
+#include "../QRV_PathMatcher.h"
+#include "QRV_StorageHardwareIDCollectionProvider.h"
+
+namespace Pegasus {
+
+namespace {
+
+constexpr ProviderFrame FRAME{"QRV_MemberOfStorageHardwareIDCollectionProvider",
+                              "QRV_MemberOfStorageHardwareIDCollectionProvider",
+                              "CIM_MemberOfCollection",
+                              "QRV_MemberOfStorageHardwareIDCollection",
+                              2,
+                              " Expect two keys."};
+
+const AssociationRules RULES{
+    {"QRV_StorageHardwareIDCollection", "CIM_SystemSpecificCollection", "CIM_Collection",
+     "CIM_ManagedElement", "QRV_StorageHardwareID", "CIM_StorageHardwareID", "CIM_Identity"},
+    {"Collection", "Member"},
+    {"QRV_MemberOfStorageHardwareIDCollection", "CIM_MemberOfCollection"},
+    {"QRV_StorageHardwareID", "CIM_Identity", "CIM_StorageHardwareID",
+     "QRV_StorageHardwareIDCollection", "CIM_SystemSpecificCollection"},
+    true,
+    {}};
+
+constexpr int REFUSAL_LEVEL = 2;
+
+const CIMName ASSOCIATION("QRV_MemberOfStorageHardwareIDCollection");
+const CIMName HARDWARE_ID("QRV_StorageHardwareID");
+const CIMName COLLECTION("QRV_StorageHardwareIDCollection");
+
+CIMObjectPath collectionPath(const String& nodeAddress, const String& hostName) {
+    return QRV_StorageHardwareIDCollectionProvider::buildInstanceName(
+        nodeAddress, String("ORVELIS:") + hostName);
+}
+
+/// The host that a hardware ID belongs to; empty when it belongs to none.
+String hostOf(const CIMInstance& hardwareID) {
+    if (QRV_Common::getStringProperty(hardwareID, "StorageID").size() == 0) return String();
+    return QRV_Common::getStringProperty(hardwareID, "ElementName");
+}
+
+const String COLLECTION_ROLE("Collection");
+const String MEMBER_ROLE("Member");
+
+/// Calls `take` with collection and hardware ID of each membership, in the order of the hardware
+/// IDs, until it returns false. The collections aren't fetched: a hardware ID's host is taken to
+/// exist.
+template <class Take>
+void forEachMembership(const Array<CIMInstance>& hardwareIDs, const String& nodeAddress,
+                       Take take) {
+    for (Uint32 i = 0; i < hardwareIDs.size(); ++i) {
+        const String hostName = hostOf(hardwareIDs[i]);
+        if (hostName.size() > 0 &&
+            !take(collectionPath(nodeAddress, hostName), hardwareIDs[i].getPath()))
+            return;
+    }
+}
+
+}  // namespace
+
+QRV_MemberOfStorageHardwareIDCollectionProvider::QRV_MemberOfStorageHardwareIDCollectionProvider() =
+    default;
+QRV_MemberOfStorageHardwareIDCollectionProvider::
+    ~QRV_MemberOfStorageHardwareIDCollectionProvider() = default;
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::initialize(CIMOMHandle& cimom) {
+    const OperationTrace trace(
+        "QRV_MemberOfStorageHardwareIDCollectionProvider::initialize(cimom)");
+    _cimom = cimom;
+    _nodeAddress = QRV_Common::getSystemHostName(cimom);
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::terminate() {
+    delete this;
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::associators(
+    const OperationContext& context, const CIMObjectPath& objectName,
+    const CIMName& associationClass, const CIMName& resultClass, const String& role,
+    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
+    const OperationTrace trace("QRV_MemberOfStorageHardwareIDCollectionProvider::associators()");
+    const AssociationRequest request{"associators", objectName, associationClass,
+                                     resultClass,   role,       resultRole};
+    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request)) return;
+    deliverObjects(_getRelatedInstances(objectName, context, includeQualifiers, includeClassOrigin,
+                                        propertyList),
+                   handler);
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::associatorNames(
+    const OperationContext& context, const CIMObjectPath& objectName,
+    const CIMName& associationClass, const CIMName& resultClass, const String& role,
+    const String& resultRole, ObjectPathResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_MemberOfStorageHardwareIDCollectionProvider::associatorNames()");
+    const AssociationRequest request{"associatorNames", objectName, associationClass,
+                                     resultClass,       role,       resultRole};
+    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request)) return;
+    deliverPaths(_getRelatedInstanceNames(objectName, context), handler);
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::references(
+    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
+    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
+    const OperationTrace trace("QRV_MemberOfStorageHardwareIDCollectionProvider::references()");
+    const AssociationRequest request{"references", objectName, CIMName(),
+                                     resultClass,  role,       String::EMPTY};
+    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request)) return;
+    deliverObjects(_buildAssociationInstances(objectName, context, includeQualifiers,
+                                              includeClassOrigin, propertyList),
+                   handler);
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::referenceNames(
+    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
+    const String& role, ObjectPathResponseHandler& handler) {
+    const OperationTrace trace("QRV_MemberOfStorageHardwareIDCollectionProvider::referenceNames()");
+    const AssociationRequest request{"referenceNames", objectName, CIMName(),
+                                     resultClass,      role,       String::EMPTY};
+    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request)) return;
+    deliverPaths(_buildAssociationInstances(objectName, context, false, false, CIMPropertyList()),
+                 handler);
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::getInstance(
+    const OperationContext& context, const CIMObjectPath& instanceName, const Boolean,
+    const Boolean, const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_MemberOfStorageHardwareIDCollectionProvider::getInstance()");
+    openArray(FRAME, context);
+    checkClass(FRAME, instanceName.getClassName());
+    checkKeyCount(FRAME, instanceName);
+    CIMClass cimClass = _storedClass(false, false, propertyList);
+    const PathMatcher wanted(instanceName);
+    Array<CIMInstance> found;
+    forEachMembership(_allHardwareIDs(context), _nodeAddress,
+                      [&](const CIMObjectPath& collection, const CIMObjectPath& member) {
+                          const CIMObjectPath path = QRV_Common::buildAssocPath(
+                              ASSOCIATION, COLLECTION_ROLE, MEMBER_ROLE, collection, member,
+                              _nodeAddress, "root/qrv");
+                          if (!wanted.matches(path)) return true;
+                          found.append(_buildAssociation(cimClass, collection, member));
+                          return false;
+                      });
+    deliverFound(FRAME, found, handler);
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::enumerateInstances(
+    const OperationContext& context, const CIMObjectPath& classReference, const Boolean,
+    const Boolean, const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_MemberOfStorageHardwareIDCollectionProvider::enumerateInstances()");
+    beginEnumeration(FRAME, context, classReference);
+    _enumerate(context, propertyList, handler,
+               [&](const CIMInstance& instance) { handler.deliver(instance); });
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::enumerateInstanceNames(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    ObjectPathResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_MemberOfStorageHardwareIDCollectionProvider::enumerateInstanceNames()");
+    beginEnumeration(FRAME, context, classReference);
+    _enumerate(context, CIMPropertyList(), handler,
+               [&](const CIMInstance& instance) { handler.deliver(instance.getPath()); });
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::modifyInstance(
+    const OperationContext&, const CIMObjectPath&, const CIMInstance&, const Boolean,
+    const CIMPropertyList&, ResponseHandler&) {
+    refuse(FRAME, "modifyInstance");
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::createInstance(const OperationContext&,
+                                                                     const CIMObjectPath&,
+                                                                     const CIMInstance&,
+                                                                     ObjectPathResponseHandler&) {
+    refuse(FRAME, "createInstance");
+}
+
+void QRV_MemberOfStorageHardwareIDCollectionProvider::deleteInstance(const OperationContext&,
+                                                                     const CIMObjectPath&,
+                                                                     ResponseHandler&) {
+    refuse(FRAME, "deleteInstance");
+}
+
+/// The class of all instances has neither qualifiers nor class origins, whatever the request says.
+template <class Handler, class Deliver>
+void QRV_MemberOfStorageHardwareIDCollectionProvider::_enumerate(
+    const OperationContext& context, const CIMPropertyList& propertyList, Handler& handler,
+    Deliver deliver) {
+    CIMClass cimClass = _storedClass(false, false, propertyList);
+    const Array<CIMInstance> hardwareIDs = _allHardwareIDs(context);
+    handler.processing();
+    forEachMembership(hardwareIDs, _nodeAddress,
+                      [&](const CIMObjectPath& collection, const CIMObjectPath& member) {
+                          deliver(_buildAssociation(cimClass, collection, member));
+                          return true;
+                      });
+    handler.complete();
+}
+
+CIMClass QRV_MemberOfStorageHardwareIDCollectionProvider::_storedClass(
+    Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    return QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, ASSOCIATION,
+                                         false, includeQualifiers, includeClassOrigin,
+                                         propertyList);
+}
+
+CIMInstance QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssociation(
+    CIMClass& cimClass, const CIMObjectPath& collection, const CIMObjectPath& member) const {
+    return QRV_Common::buildAssocInstance(ASSOCIATION, COLLECTION_ROLE, MEMBER_ROLE, collection,
+                                          member, cimClass, _nodeAddress, "root/qrv");
+}
+
+/// The associations of one object: one for a hardware ID, one for each member of a collection.
+Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssociationInstances(
+    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const CIMName& className = objectName.getClassName();
+    CIMClass cimClass = _storedClass(includeQualifiers, includeClassOrigin, propertyList);
+    Array<CIMInstance> associations;
+    if (_cimom.enumerateInstanceNames(context, QRV_NAMESPACE, className).size() == 0)
+        return associations;
+    const Array<CIMObjectPath> related = _getRelatedInstanceNames(objectName, context);
+    if (className.equal(HARDWARE_ID) && related.size() > 0)
+        associations.append(_buildAssociation(cimClass, related[0], objectName));
+    if (className.equal(COLLECTION))
+        for (Uint32 i = 0; i < related.size(); ++i)
+            associations.append(_buildAssociation(cimClass, objectName, related[i]));
+    return associations;
+}
+
+Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_getRelatedInstances(
+    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    if (objectName.getClassName().equal(HARDWARE_ID))
+        return _collectionOf(objectName, context, includeQualifiers, includeClassOrigin,
+                             propertyList);
+    if (objectName.getClassName().equal(COLLECTION))
+        return _membersOf(objectName, context, includeQualifiers, includeClassOrigin, propertyList);
+    return Array<CIMInstance>();
+}
+
+Array<CIMObjectPath> QRV_MemberOfStorageHardwareIDCollectionProvider::_getRelatedInstanceNames(
+    const CIMObjectPath& objectName, const OperationContext& context) {
+    return pathsOf(_getRelatedInstances(objectName, context, false, false, CIMPropertyList()));
+}
+
+/// The collection that a hardware ID belongs to, if both can be read.
+Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_collectionOf(
+    const CIMObjectPath& hardwareID, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    Array<CIMInstance> collections;
+    const CIMInstance source =
+        tryGetInstance(_cimom, context, hardwareID, false, false, CIMPropertyList());
+    const String hostName = source.isUninitialized() ? String() : hostOf(source);
+    if (hostName.size() == 0) return collections;
+    const CIMInstance collection =
+        tryGetInstance(_cimom, context, collectionPath(_nodeAddress, hostName), includeQualifiers,
+                       includeClassOrigin, propertyList);
+    if (!collection.isUninitialized()) collections.append(collection);
+    return collections;
+}
+
+/// The hardware IDs whose host is the one that the collection's InstanceID names.
+Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_membersOf(
+    const CIMObjectPath& collection, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    Array<CIMInstance> members;
+    const String hostName =
+        textBehindColon(QRV_Common::getStringProperty(collection, "InstanceID"));
+    if (hostName.size() == 0) return members;
+    const Array<CIMInstance> hardwareIDs = _allHardwareIDs(context);
+    for (Uint32 i = 0; i < hardwareIDs.size(); ++i) {
+        CIMInstance hardwareID = hardwareIDs[i];
+        if (QRV_Common::getStringProperty(hardwareID, "ElementName") != hostName) continue;
+        hardwareID.instanceFilter(includeQualifiers, includeClassOrigin, propertyList);
+        members.append(hardwareID);
+    }
+    return members;
+}
+
+Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_allHardwareIDs(
+    const OperationContext& context) {
+    return _cimom.enumerateInstances(context, QRV_NAMESPACE, HARDWARE_ID, false, false, false,
+                                     false, CIMPropertyList());
+}
+
+}  // namespace Pegasus

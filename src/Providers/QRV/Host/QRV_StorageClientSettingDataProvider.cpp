@@ -1,0 +1,283 @@
+#include "QRV_StorageClientSettingDataProvider.h"
+
+#include <Pegasus/Provider/ProviderException.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
+
+#include "../QRV_ArrayRecords.h"
+#include "../QRV_Common.h"
+#include "../QRV_PathMatcher.h"
+#include "../QRV_WriteFrame.h"
+
+namespace Pegasus {
+
+namespace {
+
+constexpr ProviderFrame FRAME{"QRV_StorageClientSettingDataProvider",
+                              "QRV_StorageClientSettingDataProvider",
+                              "QRV_StorageClientSettingData",
+                              "QRV_StorageClientSettingData",
+                              1,
+                              " InstanceID key not found."};
+
+constexpr const char* ID_PREFIX = "ORVELIS:PERSONA-";
+
+const CIMName SETTING_CLASS("QRV_StorageClientSettingData");
+const CIMName INSTANCE_ID("InstanceID");
+const CIMName HOST_PERSONA_ID("HostPersonaID");
+const CIMName HOST_PERSONA_CAPABILITIES("HostPersonaCapabilities");
+const CIMName CAPTION("Caption");
+const CIMName DESCRIPTION("Description");
+const CIMName ELEMENT_NAME("ElementName");
+const CIMName CLIENT_TYPES("ClientTypes");
+const CIMName OTHER_CLIENT_TYPE_DESCRIPTIONS("OtherClientTypeDescriptions");
+
+/// Values of CIM_StorageClientSettingData.ClientTypes that don't come from the table below.
+constexpr Uint16 OTHER = 1;
+constexpr Uint16 STANDARD = 2;
+constexpr Uint16 MS_WINDOWS_2003 = 21;
+constexpr Uint16 MS_WINDOWS_2008 = 20;
+constexpr Uint16 MS_WINDOWS = 15;
+
+/// An operating system by a word in its name.
+struct Keyword {
+    const char* word;
+    Uint16 clientType;
+};
+
+/// A name that holds several of these counts for the first.
+constexpr Keyword KEYWORDS[] = {{"solaris", 3}, {"zeux", 4},    {"ze-ux", 4},
+                                {"aix", 9},     {"linux", 14},  {"suse", 14},
+                                {"esx", 19},    {"vmware", 19}, {"oxs", 5}};
+
+bool holds(const String& text, const char* word) {
+    return text.find(String(word)) != PEG_NOT_FOUND;
+}
+
+class ClientTypes {
+  public:
+    ClientTypes(Array<Uint16>& types, Array<String>& descriptions)
+        : _types(types), _descriptions(descriptions) {}
+
+    void append(Uint16 type, const String& description) {
+        _types.append(type);
+        _descriptions.append(description);
+    }
+
+    void appendOperatingSystem(const String& name) {
+        String normalizedStr = name;
+        normalizedStr.toLower();
+        const auto keyword =
+            std::find_if(std::begin(KEYWORDS), std::end(KEYWORDS),
+                         [&](const Keyword& each) { return holds(normalizedStr, each.word); });
+        if (keyword != std::end(KEYWORDS))
+            append(keyword->clientType, name);
+        else if (holds(normalizedStr, "windows"))
+            appendWindows(name, normalizedStr);
+        else
+            append(OTHER, name);
+    }
+
+  private:
+    /// A Windows of an unknown version adds nothing.
+    void appendWindows(const String& name, const String& normalizedStr) {
+        if (holds(normalizedStr, "2003")) {
+            append(MS_WINDOWS_2003, name);
+        } else if (holds(normalizedStr, "2008")) {
+            append(MS_WINDOWS, "Generic Microsoft Windows");
+            append(MS_WINDOWS_2008, name + "/2012");
+        }
+    }
+
+    Array<Uint16>& _types;
+    Array<String>& _descriptions;
+};
+
+ArrayAnswer readPersonas(PersonaList& personas) {
+    return callArrayForStatus([&] { return api_getHostPersonaList(personas.receive(), 1); });
+}
+
+String requireInstanceID(const CIMObjectPath& path) {
+    const Array<CIMKeyBinding>& keys = path.getKeyBindings();
+    for (Uint32 i = 0; i < keys.size(); ++i)
+        if (keys[i].getName().equal(INSTANCE_ID)) return keys[i].getValue();
+    throw CIMInvalidParameterException(String(FRAME.className) + FRAME.keyText);
+}
+
+}  // namespace
+
+QRV_StorageClientSettingDataProvider::QRV_StorageClientSettingDataProvider() = default;
+
+QRV_StorageClientSettingDataProvider::QRV_StorageClientSettingDataProvider(const CIMObjectPath&) {
+    refuseObjectPathConstructor(FRAME);
+}
+
+QRV_StorageClientSettingDataProvider::~QRV_StorageClientSettingDataProvider() = default;
+
+void QRV_StorageClientSettingDataProvider::initialize(CIMOMHandle& cimom) {
+    const OperationTrace trace("QRV_StorageClientSettingDataProvider::initialize(cimom)");
+    _cimom = cimom;
+    _systemAddress = QRV_Common::getSystemHostName(cimom);
+}
+
+void QRV_StorageClientSettingDataProvider::terminate() {
+    delete this;
+}
+
+void QRV_StorageClientSettingDataProvider::getInstance(const OperationContext& context,
+                                                       const CIMObjectPath& instanceReference,
+                                                       const Boolean includeQualifiers,
+                                                       const Boolean includeClassOrigin,
+                                                       const CIMPropertyList& propertyList,
+                                                       InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_StorageClientSettingDataProvider::getInstance()");
+    openArray(FRAME, context);
+    const String instanceID = requireInstanceID(instanceReference);
+    const Array<CIMInstance> settings =
+        _build_instances(includeQualifiers, includeClassOrigin, propertyList);
+    const PathMatcher wanted(instanceReference);
+    for (Uint32 i = 0; i < settings.size(); ++i) {
+        if (!wanted.matches(settings[i].getPath())) continue;
+        handler.processing();
+        handler.deliver(settings[i]);
+        handler.complete();
+        return;
+    }
+    throw CIMObjectNotFoundException(String(FRAME.className) + " CIM Object not found." +
+                                     instanceID);
+}
+
+void QRV_StorageClientSettingDataProvider::enumerateInstances(const OperationContext& context,
+                                                              const CIMObjectPath&,
+                                                              const Boolean includeQualifiers,
+                                                              const Boolean includeClassOrigin,
+                                                              const CIMPropertyList& propertyList,
+                                                              InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_StorageClientSettingDataProvider::enumerateInstances()");
+    openArray(FRAME, context);
+    const Array<CIMInstance> settings =
+        _build_instances(includeQualifiers, includeClassOrigin, propertyList);
+    handler.processing();
+    for (Uint32 i = 0; i < settings.size(); ++i) handler.deliver(settings[i]);
+    handler.complete();
+}
+
+void QRV_StorageClientSettingDataProvider::enumerateInstanceNames(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    ObjectPathResponseHandler& handler) {
+    const OperationTrace trace("QRV_StorageClientSettingDataProvider::enumerateInstanceNames()");
+    openArray(FRAME, context);
+    checkClass(FRAME, classReference.getClassName());
+    const Array<CIMObjectPath> paths = _build_ref();
+    handler.processing();
+    for (Uint32 i = 0; i < paths.size(); ++i) handler.deliver(paths[i]);
+    handler.complete();
+}
+
+void QRV_StorageClientSettingDataProvider::modifyInstance(const OperationContext&,
+                                                          const CIMObjectPath&, const CIMInstance&,
+                                                          const Boolean, const CIMPropertyList&,
+                                                          ResponseHandler&) {
+    refuse(FRAME, "modifyInstance");
+}
+
+void QRV_StorageClientSettingDataProvider::createInstance(const OperationContext&,
+                                                          const CIMObjectPath&, const CIMInstance&,
+                                                          ObjectPathResponseHandler&) {
+    refuse(FRAME, "createInstance");
+}
+
+void QRV_StorageClientSettingDataProvider::deleteInstance(const OperationContext&,
+                                                          const CIMObjectPath&, ResponseHandler&) {
+    refuse(FRAME, "deleteInstance");
+}
+
+Array<CIMInstance> QRV_StorageClientSettingDataProvider::_build_instances(
+    Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    CIMClass settingClass =
+        QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, SETTING_CLASS,
+                                      false, includeQualifiers, includeClassOrigin, propertyList);
+    PersonaList personas;
+    const ArrayAnswer answer = readPersonas(personas);
+    if (answer.failed()) throw CIMOperationFailedException(errorText(answer.status));
+    Array<CIMInstance> settings;
+    for (unsigned int i = 0; i < personas->count; ++i)
+        settings.append(buildInstance(settingClass, personas->hpes[i], _systemAddress));
+    return settings;
+}
+
+/// A failed read gives no paths and no error.
+Array<CIMObjectPath> QRV_StorageClientSettingDataProvider::_build_ref() {
+    PersonaList personas;
+    Array<CIMObjectPath> paths;
+    if (readPersonas(personas).failed()) return paths;
+    for (unsigned int i = 0; i < personas->count; ++i)
+        paths.append(
+            buildObjectPath(_systemAddress, makeUniqueID(Uint32(personas->hpes[i].hpe.hpe_num))));
+    return paths;
+}
+
+String QRV_StorageClientSettingDataProvider::makeUniqueID(Uint32 personaNum) {
+    char number[15];
+    std::snprintf(number, sizeof number, "%u", personaNum);
+    return String(ID_PREFIX) + number;
+}
+
+CIMObjectPath QRV_StorageClientSettingDataProvider::buildObjectPath(const String& systemAddress,
+                                                                    const String& instanceID) {
+    Array<CIMKeyBinding> keys;
+    keys.append(CIMKeyBinding(INSTANCE_ID, instanceID, CIMKeyBinding::STRING));
+    return CIMObjectPath(systemAddress, QRV_NAMESPACE, SETTING_CLASS, keys);
+}
+
+Uint32 QRV_StorageClientSettingDataProvider::extractPersonaNumber(
+    const CIMObjectPath& clientSettingPath) {
+    const String instanceID = QRV_Common::getStringProperty(clientSettingPath, "InstanceID");
+    const String prefix(ID_PREFIX);
+    const Uint32 found = instanceID.find(prefix);
+    if (found == PEG_NOT_FOUND) return 0;
+    const CString number = instanceID.subString(found + prefix.size()).getCString();
+    return Uint32(std::atoi(number));
+}
+
+void QRV_StorageClientSettingDataProvider::setPersonaClientTypes(Array<Uint16>& cltTypes,
+                                                                 Array<String>& otherTypeDescs,
+                                                                 api_hostpersonaentry_t& pentry) {
+    constexpr int STANDARD_PERSONA = 1;
+    ClientTypes types(cltTypes, otherTypeDescs);
+    for (unsigned int i = 0; i < pentry.oscount; ++i)
+        types.appendOperatingSystem(pentry.hos[i].hos_name);
+    if (pentry.hpe.hpe_num == STANDARD_PERSONA) types.append(STANDARD, "Standard");
+}
+
+CIMInstance QRV_StorageClientSettingDataProvider::buildInstance(CIMClass settingClass,
+                                                                api_hostpersonaentry_t& hostpersona,
+                                                                const String& systemAddress) {
+    const host_persona_entry_t& persona = hostpersona.hpe;
+    const String name(persona.hpe_name);
+    const String instanceID = makeUniqueID(Uint32(persona.hpe_num));
+    CIMInstance instance = QRV_Common::buildInstanceSkeleton(settingClass);
+    QRV_Common::setPropertyValue(instance, INSTANCE_ID, instanceID);
+    QRV_Common::setPropertyValue(instance, HOST_PERSONA_ID, Uint32(persona.hpe_num));
+    QRV_Common::setPropertyValue(instance, HOST_PERSONA_CAPABILITIES,
+                                 Uint32(persona.hpe_capabilities));
+    QRV_Common::setPropertyValue(instance, CAPTION, name + " host persona setting");
+    QRV_Common::setPropertyValue(
+        instance, DESCRIPTION,
+        String("A storage client setting consists of host environment factors that influence the "
+               "behavior between host and Storage System."));
+    QRV_Common::setPropertyValue(instance, ELEMENT_NAME, name);
+    Array<Uint16> clientTypes;
+    Array<String> descriptions;
+    setPersonaClientTypes(clientTypes, descriptions, hostpersona);
+    QRV_Common::setPropertyValue(instance, CLIENT_TYPES, clientTypes);
+    if (descriptions.size() > 0)
+        QRV_Common::setPropertyValue(instance, OTHER_CLIENT_TYPE_DESCRIPTIONS, descriptions);
+    instance.setPath(buildObjectPath(systemAddress, instanceID));
+    return instance;
+}
+
+}  // namespace Pegasus

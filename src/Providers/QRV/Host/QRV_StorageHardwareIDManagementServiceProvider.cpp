@@ -1,0 +1,193 @@
+#include "QRV_StorageHardwareIDManagementServiceProvider.h"
+
+#include <Pegasus/Provider/ProviderException.h>
+
+#include "../QRV_Common.h"
+#include "../QRV_WriteFrame.h"
+
+namespace Pegasus {
+
+namespace {
+
+constexpr ProviderFrame FRAME{"QRV_StorageHardwareIDManagementService",
+                              "QRV_StorageHardwareIDManagementServiceProvider",
+                              "CIM_StorageHardwareIDManagementService",
+                              "QRV_StorageHardwareIDManagementService",
+                              4,
+                              " Expect four keys."};
+
+const CIMName SERVICE_CLASS("QRV_StorageHardwareIDManagementService");
+const CIMName SYSTEM_CREATION_CLASS_NAME("SystemCreationClassName");
+const CIMName SYSTEM_NAME("SystemName");
+const CIMName CREATION_CLASS_NAME("CreationClassName");
+const CIMName NAME("Name");
+const String SYSTEM_CLASS("QRV_StorageSystem");
+
+/// A text that the array gives in a buffer of 256 bytes, or nothing when it can't.
+String arrayText(int (*read)(char*)) {
+    char text[256] = {};
+    return read(text) == 0 ? String(text) : String();
+}
+
+}  // namespace
+
+QRV_StorageHardwareIDManagementServiceProvider::QRV_StorageHardwareIDManagementServiceProvider() =
+    default;
+
+QRV_StorageHardwareIDManagementServiceProvider::QRV_StorageHardwareIDManagementServiceProvider(
+    const CIMObjectPath&) {
+    refuseObjectPathConstructor(FRAME);
+}
+
+QRV_StorageHardwareIDManagementServiceProvider::~QRV_StorageHardwareIDManagementServiceProvider() =
+    default;
+
+void QRV_StorageHardwareIDManagementServiceProvider::initialize(CIMOMHandle& cimom) {
+    const OperationTrace trace("QRV_StorageHardwareIDManagementServiceProvider::initialize(cimom)");
+    _cimom = cimom;
+    _systemAddress = QRV_Common::getSystemHostName(cimom);
+    _buildInstanceName();
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::terminate() {
+    delete this;
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::getInstance(
+    const OperationContext& context, const CIMObjectPath& instanceName,
+    const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_StorageHardwareIDManagementServiceProvider::getInstance()");
+    openArray(FRAME, context);
+    checkClass(FRAME, instanceName.getClassName());
+    checkKeyCount(FRAME, instanceName);
+    _requireThisService(instanceName);
+    const CIMInstance instance =
+        _buildInstance(includeQualifiers, includeClassOrigin, propertyList);
+    handler.processing();
+    handler.deliver(instance);
+    handler.complete();
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::enumerateInstances(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_StorageHardwareIDManagementServiceProvider::enumerateInstances()");
+    beginEnumeration(FRAME, context, classReference);
+    const CIMInstance instance =
+        _buildInstance(includeQualifiers, includeClassOrigin, propertyList);
+    handler.processing();
+    handler.deliver(instance);
+    handler.complete();
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::enumerateInstanceNames(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    ObjectPathResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_StorageHardwareIDManagementServiceProvider::enumerateInstanceNames()");
+    beginEnumeration(FRAME, context, classReference);
+    handler.processing();
+    handler.deliver(_instanceName);
+    handler.complete();
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::modifyInstance(
+    const OperationContext&, const CIMObjectPath&, const CIMInstance&, const Boolean,
+    const CIMPropertyList&, ResponseHandler&) {
+    refuse(FRAME, "modifyInstance");
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::createInstance(const OperationContext&,
+                                                                    const CIMObjectPath&,
+                                                                    const CIMInstance&,
+                                                                    ObjectPathResponseHandler&) {
+    refuse(FRAME, "createInstance");
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::deleteInstance(const OperationContext&,
+                                                                    const CIMObjectPath&,
+                                                                    ResponseHandler&) {
+    refuse(FRAME, "deleteInstance");
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::invokeMethod(
+    const OperationContext& context, const CIMObjectPath& objectRef, const CIMName& methodName,
+    const Array<CIMParamValue>& inParameters, MethodResultResponseHandler& handler) {
+    const CString method = methodName.getString().getCString();
+    log_message(4,
+                "--> QRV_StorageHardwareIDManagementServiceProvider::invokeMethod(), methodName = "
+                "%s \n",
+                static_cast<const char*>(method));
+    api_evtparam_t apiEvent =
+        beginChange(FRAME, context, objectRef.getClassName(), methodName.getString());
+    _requireThisService(objectRef);
+    _dispatch(&apiEvent, context, methodName, inParameters, handler);
+    log_message(4, "<-- QRV_StorageHardwareIDManagementServiceProvider::invokeMethod()\n");
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::_dispatch(
+    api_evtparam_t* apiEventp, const OperationContext& context, const CIMName& methodName,
+    const Array<CIMParamValue>& inParameters, MethodResultResponseHandler& handler) {
+    if (methodName.equal("CreateStorageHardwareID"))
+        return _createStorageHardwareID(apiEventp, inParameters, handler);
+    if (methodName.equal("DeleteStorageHardwareID"))
+        return _deleteStorageHardwareID(apiEventp, context, inParameters, handler);
+    if (methodName.equal("CreateHardwareIDCollection"))
+        return _createHardwareIDCollection(apiEventp, inParameters, handler);
+    if (methodName.equal("AddHardwareIDsToCollection"))
+        return _addHardwareIDsToCollection(apiEventp, inParameters, handler);
+    if (methodName.equal("SetISCSICHAP")) return _setISCSICHAP(apiEventp, inParameters, handler);
+    if (methodName.equal("RemoveISCSICHAP"))
+        return _removeISCSICHAP(apiEventp, inParameters, handler);
+    const String& name = methodName.getString();
+    log_message(4, " method %s not supported\n", static_cast<const char*>(name.getCString()));
+    throw CIMMethodNotFoundException(String(FRAME.className) + ":" + name + " not supported");
+}
+
+void QRV_StorageHardwareIDManagementServiceProvider::_requireThisService(
+    const CIMObjectPath& path) const {
+    if (!QRV_Common::matchObjectPath(path, _instanceName))
+        throw CIMObjectNotFoundException(String(FRAME.className) + " CIM Object not found.");
+}
+
+/// The service is the same for the provider's life: a new name of the system isn't seen.
+void QRV_StorageHardwareIDManagementServiceProvider::_buildInstanceName() {
+    const CIMValue systemName = _cimom.getProperty(OperationContext(), QRV_NAMESPACE,
+                                                   QRV_Common::getSystemObjectPath(_cimom), NAME);
+    systemName.get(_systemName);
+    _name = "ORVELIS_StorageHardwareIDManagementService";
+    Array<CIMKeyBinding> keys;
+    const auto appendKey = [&](const CIMName& name, const String& value) {
+        keys.append(CIMKeyBinding(name, value, CIMKeyBinding::STRING));
+    };
+    appendKey(SYSTEM_CREATION_CLASS_NAME, SYSTEM_CLASS);
+    appendKey(SYSTEM_NAME, _systemName);
+    appendKey(CREATION_CLASS_NAME, SERVICE_CLASS.getString());
+    appendKey(NAME, _name);
+    _instanceName = CIMObjectPath(_systemAddress, QRV_NAMESPACE, SERVICE_CLASS, keys);
+}
+
+CIMInstance QRV_StorageHardwareIDManagementServiceProvider::_buildInstance(
+    Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const String ownerContact = arrayText(api_getSystemContact);
+    const String ownerName = arrayText(api_getOwnerName);
+    CIMClass serviceClass =
+        QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, SERVICE_CLASS,
+                                      false, includeQualifiers, includeClassOrigin, propertyList);
+    CIMInstance instance = QRV_Common::buildInstanceSkeleton(serviceClass);
+    QRV_Common::setPropertyValue(instance, SYSTEM_CREATION_CLASS_NAME, SYSTEM_CLASS);
+    QRV_Common::setPropertyValue(instance, SYSTEM_NAME, _systemName);
+    QRV_Common::setPropertyValue(instance, CREATION_CLASS_NAME, SERVICE_CLASS.getString());
+    QRV_Common::setPropertyValue(instance, NAME, _name);
+    QRV_Common::setPropertyValue(instance, CIMName("PrimaryOwnerContact"), ownerContact);
+    QRV_Common::setPropertyValue(instance, CIMName("PrimaryOwnerName"), ownerName);
+    QRV_Common::setPropertyValue(instance, CIMName("Started"), Boolean(true));
+    QRV_Common::setPropertyValue(instance, CIMName("StartMode"), String("Automatic"));
+    instance.setPath(_instanceName);
+    return instance;
+}
+
+}  // namespace Pegasus

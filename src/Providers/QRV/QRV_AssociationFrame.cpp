@@ -1,0 +1,100 @@
+#include "QRV_AssociationFrame.h"
+
+#include "QRV_Common.h"
+#include "QRV_PathMatcher.h"
+
+namespace Pegasus {
+
+namespace {
+
+void traceRequest(const AssociationRequest& request) {
+    log_message(4, "objectName = %s \n associationClass = %s, resultClass = %s \n",
+                static_cast<const char*>(request.objectName.toString().getCString()),
+                static_cast<const char*>(request.associationClass.getString().getCString()),
+                static_cast<const char*>(request.resultClass.getString().getCString()));
+}
+
+}  // namespace
+
+bool beginAssociation(const ProviderFrame& frame, const AssociationRules& rules, int refusalLevel,
+                      const OperationContext& context, const AssociationRequest& request,
+                      Uint32 line) {
+    traceRequest(request);
+    openArray(frame, context, line);
+    if (!isRefused(rules, request)) return true;
+    log_message(refusalLevel, "%s::%s: invalid params: resultClass = %s \n", frame.provider,
+                request.operation,
+                static_cast<const char*>(request.resultClass.getString().getCString()));
+    return false;
+}
+
+bool sourceExists(CIMOMHandle& cimom, const OperationContext& context,
+                  const CIMObjectPath& objectName, int level, const char* text) {
+    try {
+        cimom.getInstance(context, QRV_NAMESPACE, objectName, false, false, false,
+                          CIMPropertyList());
+        return true;
+    } catch (const Exception&) {
+        const CString path = objectName.toString().getCString();
+        log_message(level, "%s%s\n", text, static_cast<const char*>(path));
+        return false;
+    }
+}
+
+void deliverObjects(const Array<CIMInstance>& found, ObjectResponseHandler& handler) {
+    handler.processing();
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(CIMObject(found[i]));
+    handler.complete();
+}
+
+void deliverInstances(const Array<CIMInstance>& found, InstanceResponseHandler& handler) {
+    handler.processing();
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i]);
+    handler.complete();
+}
+
+void deliverPaths(const Array<CIMInstance>& found, ObjectPathResponseHandler& handler) {
+    handler.processing();
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
+    handler.complete();
+}
+
+void deliverPaths(const Array<CIMObjectPath>& found, ObjectPathResponseHandler& handler) {
+    handler.processing();
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i]);
+    handler.complete();
+}
+
+Array<CIMObjectPath> pathsOf(const Array<CIMInstance>& instances) {
+    Array<CIMObjectPath> paths;
+    paths.reserveCapacity(instances.size());
+    for (Uint32 i = 0; i < instances.size(); ++i) paths.append(instances[i].getPath());
+    return paths;
+}
+
+Array<CIMInstance> matching(const CIMObjectPath& instanceName,
+                            const Array<CIMInstance>& instances) {
+    const PathMatcher wanted(instanceName);
+    Array<CIMInstance> found;
+    for (Uint32 i = 0; i < instances.size() && found.size() == 0; ++i)
+        if (wanted.matches(instances[i].getPath())) found.append(instances[i]);
+    return found;
+}
+
+CIMObjectPath referenceKey(const CIMObjectPath& associationPath, const char* role) {
+    const String text = QRV_Common::getStringProperty(associationPath, role);
+    return text.size() == 0 ? CIMObjectPath() : CIMObjectPath(text);
+}
+
+CIMInstance tryGetInstance(CIMOMHandle& cimom, const OperationContext& context,
+                           const CIMObjectPath& path, Boolean includeQualifiers,
+                           Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    try {
+        return cimom.getInstance(context, QRV_NAMESPACE, path, false, includeQualifiers,
+                                 includeClassOrigin, propertyList);
+    } catch (...) {
+        return CIMInstance();
+    }
+}
+
+}  // namespace Pegasus

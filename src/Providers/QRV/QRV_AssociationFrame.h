@@ -1,0 +1,46 @@
+// The shape of the association operations: the steps that all association classes share.
+#pragma once
+
+#include <Pegasus/Provider/CIMOMHandle.h>
+
+#include "QRV_AssociationRequest.h"
+#include "QRV_OperationFrame.h"
+
+namespace Pegasus {
+
+/// The opening steps of an association operation: trace of the request, open, check of the names.
+/// Returns false, with a log line of `refusalLevel`, for a request that is refused: the operation
+/// then ends without touching its handler, so the client gets an empty answer and no error.
+bool beginAssociation(const ProviderFrame&, const AssociationRules&, int refusalLevel,
+                      const OperationContext&, const AssociationRequest&,
+                      Uint32 line = __builtin_LINE());
+
+/// Asks the server for the source object. Returns false, with a log line of `level` that is `text`
+/// with the path in it, when there is none. Exceptions that aren't the CIM server's pass.
+bool sourceExists(CIMOMHandle&, const OperationContext&, const CIMObjectPath& objectName, int level,
+                  const char* text = "Instance does not exist for object ");
+
+/// Deliver what an operation found, each between processing() and complete(), in order. An empty
+/// answer is a complete one.
+void deliverObjects(const Array<CIMInstance>& found, ObjectResponseHandler&);
+void deliverInstances(const Array<CIMInstance>& found, InstanceResponseHandler&);
+void deliverPaths(const Array<CIMInstance>& found, ObjectPathResponseHandler&);
+void deliverPaths(const Array<CIMObjectPath>& found, ObjectPathResponseHandler&);
+
+/// The paths of instances, in their order.
+Array<CIMObjectPath> pathsOf(const Array<CIMInstance>& instances);
+
+/// The first of the instances that `instanceName` names; nothing when there is none.
+Array<CIMInstance> matching(const CIMObjectPath& instanceName, const Array<CIMInstance>& instances);
+
+/// The path that a reference key holds; a path without class when there is no such key. Throws
+/// MalformedObjectNameException when the key holds no path.
+CIMObjectPath referenceKey(const CIMObjectPath& associationPath, const char* role);
+
+/// The instance behind a path, or an uninitialized one when the server can't give it, for whatever
+/// reason.
+CIMInstance tryGetInstance(CIMOMHandle&, const OperationContext&, const CIMObjectPath& path,
+                           Boolean includeQualifiers, Boolean includeClassOrigin,
+                           const CIMPropertyList&);
+
+}  // namespace Pegasus

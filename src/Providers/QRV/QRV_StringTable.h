@@ -1,0 +1,35 @@
+// A provider's string table, used within one operation to remove duplicates.
+#pragma once
+
+#include <qrvapi.h>
+
+namespace Pegasus {
+
+/// One scan over a provider's table: locks it, and clears and unlocks it when the scope ends. Scans
+/// of one table run one after another. A table lock is taken before the access semaphore, never
+/// after it.
+class StringTableScan {
+  public:
+    /// `table` isn't null and outlives the scan.
+    explicit StringTableScan(hashtable_t* table) : _table(table) { hashtable_lock(_table); }
+
+    ~StringTableScan() {
+        hashtable_clear(_table);
+        hashtable_unlock(_table);
+    }
+
+    StringTableScan(const StringTableScan&) = delete;
+    StringTableScan& operator=(const StringTableScan&) = delete;
+
+    /// Whether this scan sees `text` for the first time.
+    bool isNew(const char* text) {
+        if (hashtable_contains_key(_table, text) == 1) return false;
+        hashtable_put(_table, text, 0);
+        return true;
+    }
+
+  private:
+    hashtable_t* _table;
+};
+
+}  // namespace Pegasus

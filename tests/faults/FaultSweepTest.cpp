@@ -1,0 +1,340 @@
+// Every array call of every operation fails once, in each way it can: the answer is the documented
+// one, nothing stays held, and the next operation works.
+#include <qrvapi.h>
+
+#include <map>
+#include <set>
+
+#include "MethodCalls.h"
+#include "ModuleTest.h"
+
+namespace control = qrvapi::control;
+using namespace Pegasus;
+using qrvtest::outcomeOf;
+using qrvtest::pathOf;
+using qrvtest::requestOf;
+
+namespace {
+
+constexpr const char* EMPTY = "processing\ncomplete\n";  ///< a completed answer with nothing in it
+constexpr const char* UNCHANGED = "unchanged";           ///< the answer of the clean run
+constexpr const char* REPEATED = "repeated";  ///< likewise, but an initiator may come again
+constexpr const char* REFUSED = "refused";    ///< the method's code and the array's text
+
+using Answers = std::map<std::string, std::string>;
+
+/// One operation, and its answer to the failure of each call: of any call of a function
+/// ("api_getHosts"), of the first one ("api_getHosts#1") or with one code ("api_getHosts:3"). A
+/// time-out of the gate counts as "cim_sem_wait"; "deliver" is the handler giving up.
+struct Operation {
+    std::string name;
+    const char* provider;
+    std::function<void(qrvtest::ModuleProvider&, qrvtest::Recording&)> run;
+    Answers answers;
+    std::map<int, int> codes = {};  ///< the method's code for one of the array's, where it isn't 4
+};
+
+void PrintTo(const Operation& operation, std::ostream* out) {
+    *out << operation.name;
+}
+
+template <class Recorder, class Run>
+auto with(Run run) {
+    return [run](qrvtest::ModuleProvider& provider, qrvtest::Recording& recording) {
+        Recorder handler(recording);
+        run(provider.instances(), handler);
+    };
+}
+
+constexpr const char* NO_RIGHTS = "2 Insufficient privilege for the user";
+constexpr const char* NO_GENERIC = "7 Does not support in generic!";
+constexpr const char* NOT_FOUND = "6 QRV_StorageHardwareID CIM Object not found.";
+constexpr const char* HUNG_UP = "1 client hung up";
+
+/// A method of the hardware ID management service that makes one change by `change`.
+Operation method(const std::string& name, const char* about, const qrvtest::Parameters& parameters,
+                 const char* change, const std::map<int, int>& codes, const Answers& more = {}) {
+    const auto run = [=](qrvtest::ModuleProvider& provider, qrvtest::Recording& recording) {
+        qrvtest::MethodRecorder handler(recording);
+        provider.methods().invokeMethod(requestOf("admin"), pathOf(qrvtest::SERVICE),
+                                        CIMName(name.c_str()), qrvtest::inParameters(parameters),
+                                        handler);
+    };
+    Answers answers{{"api_qrvOpenForCimserver", NO_RIGHTS},
+                    {"api_authorizeCIMUser", NO_GENERIC},
+                    {"api_authorizeCIMUser:1", "2 Insufficient generic privilege"},
+                    {"api_authorizeCIMUser:2", "2 Insufficient generic privilege"},
+                    {"cim_sem_wait", "4 Internal error: Semaphore Timed-Out"},
+                    {change, REFUSED},
+                    {"deliver", HUNG_UP}};
+    for (const auto& [call, answer] : more) answers[call] = answer;
+    return {name + about, "QRV_StorageHardwareIDManagementServiceProvider", run, answers, codes};
+}
+
+using qrvtest::collectionOf;
+using qrvtest::fcID;
+using qrvtest::number;
+using qrvtest::reference;
+using qrvtest::text;
+using qrvtest::texts;
+
+const std::string KNOWN = "1000000000A1B201", NEW = "1000000000A1B299";
+const std::string GONE = "4096 StorageHardwareID root/qrv:" + fcID(KNOWN) + " not found";
+const std::string NEEDS_LIST = "4096 Path " + KNOWN + " on port 0:1:1 already exists";
+const std::map<int, int> CREATION_CODES{{17, 4096}, {3, 5}, {19, 5}};
+const std::map<int, int> MEMBER_CODES{{3, 4096}, {19, 5}};
+const std::map<int, int> DELETION_CODES{{3, 4096}, {16, 4096}};
+const std::map<int, int> CHAP_CODES{{3, 4096}, {51, 4096}};
+
+const Operation OPERATIONS[] = {
+    {"QRV_StorageHardwareID.getInstance",
+     "QRV_StorageHardwareIDProvider",
+     with<qrvtest::InstanceRecorder>([](CIMInstanceProvider& provider, auto& handler) {
+         provider.getInstance(
+             requestOf("admin"),
+             pathOf("QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-1000000000A1B201\""), false,
+             false, {}, handler);
+     }),
+     {{"api_qrvOpenForCimserver", NO_RIGHTS},
+      {"api_getHostPaths", NOT_FOUND},
+      {"cim_sem_wait", NOT_FOUND},
+      {"hashtable_put", REPEATED},
+      {"deliver", HUNG_UP}}},
+    {"QRV_StorageHardwareID.enumerateInstances",
+     "QRV_StorageHardwareIDProvider",
+     with<qrvtest::InstanceRecorder>([](CIMInstanceProvider& provider, auto& handler) {
+         provider.enumerateInstances(requestOf("admin"), pathOf("QRV_StorageHardwareID"), false,
+                                     false, {}, handler);
+     }),
+     {{"api_qrvOpenForCimserver", NO_RIGHTS},
+      {"api_getHostPaths", EMPTY},
+      {"cim_sem_wait", EMPTY},
+      {"hashtable_put", REPEATED},
+      {"deliver", HUNG_UP}}},
+    {"QRV_StorageHardwareID.enumerateInstanceNames",
+     "QRV_StorageHardwareIDProvider",
+     with<qrvtest::PathRecorder>([](CIMInstanceProvider& provider, auto& handler) {
+         provider.enumerateInstanceNames(requestOf("admin"), pathOf("QRV_StorageHardwareID"),
+                                         handler);
+     }),
+     {{"api_qrvOpenForCimserver", NO_RIGHTS},
+      {"api_getHostPaths", EMPTY},
+      {"cim_sem_wait", EMPTY},
+      {"hashtable_put", REPEATED},
+      {"deliver", HUNG_UP}}},
+    {"QRV_StorageHardwareIDManagementService.enumerateInstances",
+     "QRV_StorageHardwareIDManagementServiceProvider",
+     with<qrvtest::InstanceRecorder>([](CIMInstanceProvider& provider, auto& handler) {
+         provider.enumerateInstances(requestOf("admin"),
+                                     pathOf("QRV_StorageHardwareIDManagementService"), false, false,
+                                     {}, handler);
+     }),
+     {{"api_qrvOpenForCimserver", NO_RIGHTS},
+      {"api_getSystemContact", UNCHANGED},  // it is empty in any event
+      {"api_getOwnerName", UNCHANGED},
+      {"deliver", HUNG_UP}}},
+    method("CreateStorageHardwareID", "_newHost", {{"StorageID", text(NEW)}, {"IDType", number(2)}},
+           "api_createHost", CREATION_CODES,
+           {{"api_wwnStringToInt", "5 Invalid WWN for an FC path, StorageID " + NEW},
+            {"api_getHostPaths", UNCHANGED},
+            {"api_getHosts", UNCHANGED},
+            {"cim_sem_wait#1", UNCHANGED},
+            {"cim_sem_wait#2", UNCHANGED}}),
+    method("CreateStorageHardwareID", "_newPath",
+           {{"ElementName", text("beta")}, {"StorageID", text("iqn.new")}, {"IDType", number(5)}},
+           "api_addPath", CREATION_CODES,
+           {{"api_getHostPaths", "4 Host beta already exists"},
+            {"cim_sem_wait#1", "4 Host beta already exists"}}),
+    method("CreateStorageHardwareID", "_newPersona",
+           {{"StorageID", text(KNOWN)}, {"IDType", number(2)}}, "api_setHost", CREATION_CODES,
+           {{"api_wwnStringToInt", "5 Invalid WWN for an FC path, StorageID " + KNOWN},
+            {"api_getHostPaths", NEEDS_LIST},
+            {"cim_sem_wait#1", NEEDS_LIST}}),
+    method("DeleteStorageHardwareID", "", {{"HardwareID", reference(fcID(KNOWN))}},
+           "api_removePath", DELETION_CODES,
+           {{"api_qrvOpenForCimserver#2", GONE},
+            {"api_getHostPaths", GONE},
+            {"hashtable_put", UNCHANGED},
+            {"cim_sem_wait#1", GONE}}),
+    method("CreateHardwareIDCollection", "",
+           {{"ElementName", text("new")}, {"HardwareIDs", texts({fcID(NEW)})}}, "api_createHost",
+           MEMBER_CODES),
+    method("AddHardwareIDsToCollection", "",
+           {{"Collection", reference(collectionOf("bare"))}, {"HardwareIDs", texts({fcID(NEW)})}},
+           "api_addPath", MEMBER_CODES),
+    method("SetISCSICHAP", "",
+           {{"Collection", reference(collectionOf("alpha"))},
+            {"InitiatorSecret", text("twelve chars")}},
+           "api_setHost", CHAP_CODES),
+    method("RemoveISCSICHAP", "", {{"Collection", reference(collectionOf("alpha"))}}, "api_setHost",
+           CHAP_CODES),
+};
+
+/// A call that is to fail.
+struct Fault {
+    std::string function;
+    unsigned nth;
+    int code;
+
+    std::string text() const {
+        return function + "#" + std::to_string(nth) + ":" + std::to_string(code);
+    }
+};
+
+std::string arrayText(int code) {
+    api_Status_t status{};
+    status.code = static_cast<api_ErrorCode_t>(code);
+    char text[512];
+    api_getErrorTextNoNL(text, sizeof text, &status);
+    return text;
+}
+
+class FaultSweepTest : public qrvtest::ModuleTest, public testing::WithParamInterface<Operation> {
+  protected:
+    /// Runs the operation on the array as it was at first and gives its failure, or what the
+    /// handler saw.
+    std::string run(unsigned failingDeliver = 0) {
+        reloadArray();
+        qrvtest::Recording recording;
+        recording.failDeliver(failingDeliver);
+        const std::string outcome = outcomeOf([&] { GetParam().run(_provider, recording); });
+        _deliveries = recording.deliveries();
+        if (!outcome.empty()) return outcome;
+        std::string seen;
+        for (const std::string& event : recording.events()) seen += event + "\n";
+        return seen;
+    }
+
+    /// The answer without what it says twice.
+    static std::string withoutRepeats(const std::string& answer) {
+        std::string once;
+        std::set<std::string> said;
+        std::size_t begin = 0;
+        while (begin < answer.size()) {
+            const std::size_t end = std::min(answer.find("\n//", begin), answer.size() - 1) + 1;
+            const std::string event = answer.substr(begin, end - begin);
+            if (said.insert(event).second) once += event;
+            begin = end;
+        }
+        return once;
+    }
+
+    /// What is documented for a fault, the more particular first; empty when nothing is.
+    static std::string documented(const Fault& fault) {
+        for (const std::string& key :
+             {fault.function + "#" + std::to_string(fault.nth),
+              fault.function + ":" + std::to_string(fault.code), fault.function}) {
+            const auto answer = GetParam().answers.find(key);
+            if (answer != GetParam().answers.end()) return answer->second;
+        }
+        return "";
+    }
+
+    static std::string refusal(int code) {
+        const auto own = GetParam().codes.find(code);
+        return std::to_string(own == GetParam().codes.end() ? 4 : own->second) + " " +
+               arrayText(code);
+    }
+
+    std::string expectedAnswer(const Fault& fault) const {
+        const std::string answer = documented(fault);
+        if (answer == REFUSED) return refusal(fault.code);
+        return answer == UNCHANGED || answer == REPEATED ? _clean : answer;
+    }
+
+    /// Nothing is held, a failed operation has changed nothing, and the next run is clean.
+    void expectIntact(const std::string& answer, const std::string& fault) {
+        control::clearFaults();
+        const control::Outstanding held = control::outstanding();
+        EXPECT_TRUE(held.idle()) << fault << ": " << control::describe(held);
+        const bool failed = answer.rfind("processing", 0) != 0;
+        EXPECT_TRUE(!failed || qrvtest::hostsText() == _array) << fault << qrvtest::hostsText();
+        EXPECT_EQ(run(), _clean) << "after " << fault;
+    }
+
+    void expectAnswer(const Fault& fault, const std::string& answer) {
+        SCOPED_TRACE(fault.text());
+        ++_faults;
+        ASSERT_NE(documented(fault), "") << "no answer is documented";
+        EXPECT_EQ(documented(fault) == REPEATED ? withoutRepeats(answer) : answer,
+                  expectedAnswer(fault));
+    }
+
+    /// Every call of a function fails once in each way it can.
+    void failCalls(const control::ApiFunction& function, std::size_t calls) {
+        for (unsigned nth = 1; nth <= calls; ++nth)
+            for (const int code : function.codes) {
+                control::failCall(function.name, nth, control::Repeat::once, code);
+                const std::string answer = run();
+                const Fault fault{std::string(function.name), nth, code};
+                expectAnswer(fault, answer);
+                expectIntact(answer, fault.text());
+            }
+    }
+
+    /// Each allocation fails once; the answer is that of a call that allocates.
+    void failAllocations() {
+        std::set<std::string> answers;
+        std::size_t calls = 0;
+        for (const auto& [function, count] : _calls) {
+            if (!function->allocates) continue;
+            answers.insert(expectedAnswer({std::string(function->name), 0, ERR_API_NO_MEMORY}));
+            calls += count;
+        }
+        for (unsigned nth = 1; nth <= calls; ++nth, ++_faults) {
+            control::failAllocation(nth);
+            const std::string answer = run();
+            EXPECT_EQ(answers.count(withoutRepeats(answer)), 1U) << answer;
+            expectIntact(answer, "allocation " + std::to_string(nth));
+        }
+    }
+
+    /// What the client sees isn't taken back when it hangs up, so the array may have changed.
+    void failDeliveries() {
+        const unsigned deliveries = _deliveries;
+        for (unsigned nth = 1; nth <= deliveries; ++nth) {
+            expectAnswer({"deliver", nth, 0}, run(nth));
+            EXPECT_TRUE(control::outstanding().idle()) << control::describe(control::outstanding());
+        }
+        EXPECT_EQ(run(), _clean);
+    }
+
+    /// Runs without a fault and notes how often each function is called that can fail.
+    void runClean() {
+        _array = qrvtest::hostsText();
+        _clean = run();  // which makes the server load what it needs
+        control::recordCalls(true);
+        EXPECT_EQ(run(), _clean);
+        control::recordCalls(false);
+        for (const control::ApiFunction& function : control::functions())
+            if (const auto count = control::callCount(function.name))
+                if (function.returns != control::Returns::nothing)
+                    _calls.push_back({&function, count});
+    }
+
+    std::string _clean, _array;
+    std::vector<std::pair<const control::ApiFunction*, std::size_t>> _calls;
+    unsigned _deliveries = 0, _faults = 0;
+
+  private:
+    qrvtest::ModuleProvider _provider{GetParam().provider, broker()};
+};
+
+TEST_P(FaultSweepTest, everyFailureHasItsAnswer) {
+    runClean();
+    ASSERT_THAT(_clean, testing::StartsWith("processing\n"));
+    failDeliveries();
+    for (const auto& [function, count] : _calls) failCalls(*function, count);
+    failAllocations();
+    std::cout << _faults << " faults injected\n";
+}
+
+std::string testName(const testing::TestParamInfo<Operation>& operation) {
+    std::string name = operation.param.name;
+    std::replace(name.begin(), name.end(), '.', '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Module, FaultSweepTest, testing::ValuesIn(OPERATIONS), testName);
+
+}  // namespace

@@ -1,0 +1,247 @@
+// Every association provider, by one table a class: what a request from an object gives.
+#include <map>
+
+#include "ModuleTest.h"
+
+using namespace Pegasus;
+using qrvtest::outcomeOf;
+using qrvtest::pathOf;
+using qrvtest::requestOf;
+
+namespace {
+
+constexpr const char* REFUSED = "refused";  ///< the handler isn't touched, and nothing is thrown
+
+/// A path as text, with the system's host in front.
+std::string full(const std::string& path) {
+    return "//array7.example/root/qrv:" + path;
+}
+
+std::string quoted(const std::string& text) {
+    std::string result = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') result += '\\';
+        result += c;
+    }
+    return result + "\"";
+}
+
+/// The path of an association: its ends by role, in the order of the roles' names.
+std::string link(const std::string& className, const std::map<std::string, std::string>& ends) {
+    std::string keys;
+    for (const auto& [role, path] : ends)
+        keys += (keys.empty() ? "" : ",") + role + "=" + quoted(full(path));
+    return className + "." + keys;
+}
+
+const std::string HWID_FC = "QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-1000000000A1B201\"";
+const std::string HWID_ISCSI =
+    "QRV_StorageHardwareID.InstanceID=\"ORVELIS:iSCSI-iqn.2001-04.example:Alpha\"";
+const std::string HWID_BETA = "QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-0000000000000005\"";
+const std::string HWID_FREE =
+    "QRV_StorageHardwareID.InstanceID=\"ORVELIS:iSCSI-iqn.2001-04.example:free\"";
+const std::string ALPHA = "QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:alpha\"";
+const std::string BETA = "QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:beta\"";
+const std::string BARE = "QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:bare\"";
+const std::string GONE = "QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:gone\"";
+
+std::string member(const std::string& collection, const std::string& hardwareID) {
+    return link("QRV_MemberOfStorageHardwareIDCollection",
+                {{"Collection", collection}, {"Member", hardwareID}});
+}
+
+struct Request {
+    std::string source;
+    std::string role;
+    std::string resultRole;
+    std::string resultClass;
+    std::vector<std::string> answer;  ///< paths without host, or REFUSED alone
+};
+
+struct Kind {
+    const char* provider;
+    const char* messageName;  ///< opens its messages
+    const char* associationClass;
+    const char* parentClass;
+    bool checksClass;  ///< of getInstance and the enumerations; otherwise others get nothing
+    int refusalLevel;
+    std::vector<std::string> all;      ///< the whole association
+    std::vector<Request> associators;  ///< also asked as names
+    std::vector<Request> references;   ///< likewise; resultRole is unused
+};
+
+const Kind KINDS[] = {
+    {"QRV_MemberOfStorageHardwareIDCollectionProvider",
+     "QRV_MemberOfStorageHardwareIDCollectionProvider",
+     "QRV_MemberOfStorageHardwareIDCollection",
+     "CIM_MemberOfCollection",
+     true,
+     2,
+     {member(ALPHA, HWID_FC), member(ALPHA, HWID_ISCSI), member(BETA, HWID_BETA)},
+     {{HWID_FC, "", "", "", {ALPHA}},
+      {HWID_FC, "mEMBER", "collection", "QRV_StorageHardwareIDCollection", {ALPHA}},
+      {HWID_FC, "Collection", "Collection", "cim_identity", {ALPHA}},
+      {HWID_FREE, "", "", "", {}},
+      {"QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-00000000000000FF\"", "", "", "", {}},
+      {"QRV_StorageHardwareID.InstanceID=\"FC-1000000000A1B201\"", "", "", "", {REFUSED}},
+      {"CIM_StorageHardwareID.InstanceID=\"ORVELIS:FC-1000000000A1B201\"", "", "", "", {}},
+      {"QRV_Other.InstanceID=\"x\"", "", "", "", {}},
+      {ALPHA, "", "", "", {HWID_FC, HWID_ISCSI}},
+      {BARE, "", "", "", {}},
+      {GONE, "", "", "", {}},
+      {"QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:\"", "", "", "", {REFUSED}},
+      {ALPHA, "Antecedent", "", "", {REFUSED}},
+      {ALPHA, "", "Antecedent", "", {REFUSED}},
+      {ALPHA, "", "", "CIM_ManagedElement", {REFUSED}},
+      {ALPHA, "", "", "QRV_MemberOfStorageHardwareIDCollection", {REFUSED}}},
+     {{HWID_FC, "", "", "", {member(ALPHA, HWID_FC)}},
+      {ALPHA,
+       "Collection",
+       "",
+       "CIM_MemberOfCollection",
+       {member(ALPHA, HWID_FC), member(ALPHA, HWID_ISCSI)}},
+      {BARE, "", "", "", {}},
+      {ALPHA, "Dependent", "", "", {REFUSED}},
+      {ALPHA, "", "", "QRV_StorageHardwareID", {REFUSED}}}},
+};
+
+class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInterface<Kind> {
+  protected:
+    CIMAssociationProvider& associations() { return _provider.associations(); }
+    CIMInstanceProvider& instances() { return _provider.instances(); }
+
+    /// The paths delivered, or REFUSED when the handler wasn't touched.
+    static std::vector<std::string> pathsIn(const qrvtest::Recording& recording) {
+        const std::vector<std::string>& events = recording.events();
+        if (events.empty()) return {REFUSED};
+        EXPECT_EQ(events.front(), "processing");
+        EXPECT_EQ(events.back(), "complete");
+        std::vector<std::string> paths;
+        for (std::size_t i = 1; i + 1 < events.size(); ++i)
+            paths.push_back(events[i].substr(0, events[i].find('\n')));
+        return paths;
+    }
+
+    std::vector<std::string> ask(const Request& request, const std::string& operation) {
+        const OperationContext context = requestOf("viewer");
+        const CIMObjectPath source = pathOf(request.source);
+        const CIMName resultClass = nameOf(request.resultClass);
+        const String role(request.role.c_str()), resultRole(request.resultRole.c_str());
+        qrvtest::Recording recording;
+        qrvtest::ObjectRecorder objects(recording);
+        qrvtest::PathRecorder paths(recording);
+        const CIMName own(GetParam().associationClass);
+        if (operation == "associators")
+            associations().associators(context, source, own, resultClass, role, resultRole, false,
+                                       false, {}, objects);
+        else if (operation == "associatorNames")
+            associations().associatorNames(context, source, own, resultClass, role, resultRole,
+                                           paths);
+        else if (operation == "references")
+            associations().references(context, source, resultClass, role, false, false, {},
+                                      objects);
+        else
+            associations().referenceNames(context, source, resultClass, role, paths);
+        return pathsIn(recording);
+    }
+
+    static CIMName nameOf(const std::string& text) {
+        return text.empty() ? CIMName() : CIMName(text.c_str());
+    }
+
+    static std::vector<std::string> expected(const std::vector<std::string>& answer) {
+        if (answer == std::vector<std::string>{REFUSED}) return answer;
+        std::vector<std::string> paths;
+        for (const std::string& path : answer) paths.push_back(full(path));
+        return paths;
+    }
+
+    std::string refusalLine(const std::string& operation, const std::string& resultClass) {
+        return std::to_string(GetParam().refusalLevel) + " " + GetParam().provider +
+               "::" + operation + ": invalid params: resultClass = " + resultClass + " \n";
+    }
+
+    void expectAnswers(const std::vector<Request>& requests, const std::string& operation) {
+        for (const Request& request : requests) {
+            SCOPED_TRACE(operation + " from " + request.source + " role " + request.role + "/" +
+                         request.resultRole + " class " + request.resultClass);
+            logged();
+            EXPECT_EQ(ask(request, operation), expected(request.answer));
+            const auto lines = logged();
+            EXPECT_EQ(
+                std::count(lines.begin(), lines.end(), refusalLine(operation, request.resultClass)),
+                request.answer == std::vector<std::string>{REFUSED});
+        }
+    }
+
+    std::vector<std::string> enumerate(const std::string& className, bool names) {
+        qrvtest::Recording recording;
+        qrvtest::InstanceRecorder whole(recording);
+        qrvtest::PathRecorder paths(recording);
+        if (names)
+            instances().enumerateInstanceNames(requestOf("viewer"), pathOf(className), paths);
+        else
+            instances().enumerateInstances(requestOf("viewer"), pathOf(className), false, false, {},
+                                           whole);
+        return pathsIn(recording);
+    }
+
+    std::string wrongClass(const std::string& className) {
+        return std::string("7 ") + GetParam().messageName + " Invalid class name" + className;
+    }
+
+  private:
+    qrvtest::ModuleProvider _provider{GetParam().provider, broker()};
+};
+
+TEST_P(AssociationTest, requestsFromAnObject) {
+    expectAnswers(GetParam().associators, "associators");
+    expectAnswers(GetParam().associators, "associatorNames");
+    expectAnswers(GetParam().references, "references");
+    expectAnswers(GetParam().references, "referenceNames");
+}
+
+TEST_P(AssociationTest, enumerationGivesTheWholeAssociation) {
+    for (const bool names : {false, true}) {
+        EXPECT_EQ(enumerate(GetParam().associationClass, names), expected(GetParam().all));
+        if (GetParam().checksClass)
+            EXPECT_EQ(outcomeOf([&] { enumerate("QRV_Other", names); }), wrongClass("QRV_Other"));
+        else
+            EXPECT_EQ(enumerate("QRV_Other", names), std::vector<std::string>{REFUSED});
+    }
+}
+
+TEST_P(AssociationTest, getInstanceFindsEachByItsPath) {
+    for (const std::string& path : GetParam().all)
+        EXPECT_THAT(
+            getInstance(instances(), path),
+            testing::ElementsAre("processing", testing::StartsWith(full(path) + "\n"), "complete"));
+}
+
+TEST_P(AssociationTest, getInstanceRefusesOtherPaths) {
+    const auto outcome = [&](const std::string& path, const char* user = "viewer") {
+        return outcomeOf([&] {
+            qrvtest::Recording recording;
+            qrvtest::InstanceRecorder handler(recording);
+            instances().getInstance(requestOf(user), pathOf(path), false, false, {}, handler);
+        });
+    };
+    const std::string own = GetParam().associationClass;
+    const std::string message = GetParam().messageName;
+    EXPECT_EQ(outcome(own + ".A=\"x\",B=\"y\""), "6 " + message + " CIM Object not found.");
+    EXPECT_EQ(outcome(own + ".A=\"x\""), "4 " + message + " Expect two keys.");
+    EXPECT_EQ(outcome(own + ".A=\"x\",B=\"y\"", "stranger"),
+              "2 Insufficient privilege for the user");
+    if (GetParam().checksClass)
+        EXPECT_EQ(outcome("QRV_Other.A=\"x\""), wrongClass("QRV_Other"));
+    else
+        EXPECT_EQ(outcome("QRV_Other.A=\"x\""), "4 " + message + " Expect two keys.");
+}
+
+std::string nameOfKind(const testing::TestParamInfo<Kind>& kind) {
+    return kind.param.provider;
+}
+
+INSTANTIATE_TEST_SUITE_P(Module, AssociationTest, testing::ValuesIn(KINDS), nameOfKind);
+
+}  // namespace
