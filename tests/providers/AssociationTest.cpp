@@ -50,6 +50,25 @@ std::string member(const std::string& collection, const std::string& hardwareID)
                 {{"Collection", collection}, {"Member", hardwareID}});
 }
 
+const std::string SYSTEM =
+    "QRV_StorageSystem.CreationClassName=\"QRV_StorageSystem\",Name=\"array7\"";
+const std::string PERSONA_1 = "QRV_StorageClientSettingData.InstanceID=\"ORVELIS:PERSONA-1\"";
+const std::string PERSONA_2 = "QRV_StorageClientSettingData.InstanceID=\"ORVELIS:PERSONA-2\"";
+const std::string GROUP = "QRV_StorageDomainGroup.InstanceID=\"ORVELIS:coast\"";
+
+std::string hosted(const std::string& collection) {
+    return link("QRV_HostedStorageHardwareIDCollection",
+                {{"Antecedent", SYSTEM}, {"Dependent", collection}});
+}
+
+std::string offered(const std::string& persona) {
+    return link("QRV_SystemClientSettingData",
+                {{"ManagedElement", SYSTEM}, {"SettingData", persona}});
+}
+
+const std::string HOSTED_GROUP =
+    link("QRV_HostedStorageDomainGroup", {{"Antecedent", SYSTEM}, {"Dependent", GROUP}});
+
 struct Request {
     std::string source;
     std::string role;
@@ -103,6 +122,63 @@ const Kind KINDS[] = {
       {BARE, "", "", "", {}},
       {ALPHA, "Dependent", "", "", {REFUSED}},
       {ALPHA, "", "", "QRV_StorageHardwareID", {REFUSED}}}},
+    {"QRV_HostedStorageHardwareIDCollectionProvider",
+     "QRV_HostedStorageHardwareIDCollection",
+     "QRV_HostedStorageHardwareIDCollection",
+     "CIM_HostedCollection",
+     false,
+     2,
+     {hosted(ALPHA), hosted(BETA), hosted(BARE)},
+     {{SYSTEM, "", "", "", {ALPHA, BETA, BARE}},
+      {SYSTEM, "dependent", "Dependent", "CIM_SystemSpecificCollection", {ALPHA, BETA, BARE}},
+      {SYSTEM, "", "", "CIM_System", {REFUSED}},
+      {SYSTEM, "", "", "CIM_Collection", {REFUSED}},
+      {SYSTEM, "Member", "", "", {REFUSED}},
+      {"QRV_StorageSystem.CreationClassName=\"QRV_StorageSystem\",Name=\"other\"", "", "", "", {}},
+      {ALPHA, "Antecedent", "", "QRV_StorageSystem", {SYSTEM}},
+      {ALPHA, "", "", "CIM_SystemSpecificCollection", {REFUSED}},
+      {GONE, "", "", "", {}},
+      {"CIM_Collection.InstanceID=\"alpha\"", "", "", "", {REFUSED}}},
+     {{SYSTEM, "", "", "CIM_HostedCollection", {hosted(ALPHA), hosted(BETA), hosted(BARE)}},
+      {ALPHA, "Dependent", "", "", {hosted(ALPHA)}},
+      {GONE, "", "", "", {}},
+      {ALPHA, "", "", "QRV_StorageSystem", {REFUSED}}}},
+    {"QRV_SystemClientSettingDataProvider",
+     "QRV_SystemClientSettingData",
+     "QRV_SystemClientSettingData",
+     "CIM_ElementSettingData",
+     false,
+     2,
+     {offered(PERSONA_1), offered(PERSONA_2)},
+     {{SYSTEM, "SettingData", "", "", {PERSONA_1, PERSONA_2}},
+      {SYSTEM, "managedelement", "", "CIM_ManagedElement", {PERSONA_1, PERSONA_2}},
+      {SYSTEM, "", "", "CIM_System", {REFUSED}},
+      {SYSTEM, "Dependent", "", "", {REFUSED}},
+      {PERSONA_1, "", "", "CIM_System", {SYSTEM}},
+      {PERSONA_1, "", "", "CIM_ManagedElement", {REFUSED}},
+      {"QRV_StorageClientSettingData.InstanceID=\"ORVELIS:PERSONA-9\"", "", "", "", {}}},
+     {{SYSTEM, "", "", "", {offered(PERSONA_1), offered(PERSONA_2)}},
+      {PERSONA_2, "", "", "CIM_ElementSettingData", {offered(PERSONA_2)}},
+      {PERSONA_2, "", "", "CIM_SettingData", {REFUSED}}}},
+    {"QRV_HostedStorageDomainGroup",
+     "QRV_HostedStorageDomainGroup",
+     "QRV_HostedStorageDomainGroup",
+     "CIM_HostedCollection",
+     false,
+     2,
+     {HOSTED_GROUP},
+     {{SYSTEM, "Antecedent", "Dependent", "QRV_StorageDomainGroup", {GROUP}},
+      {SYSTEM, "Dependent", "", "", {REFUSED}},
+      {SYSTEM, "", "Antecedent", "", {REFUSED}},
+      {SYSTEM, "", "", "QRV_StorageSystem", {REFUSED}},
+      {SYSTEM, "", "", "CIM_ComputerSystem", {REFUSED}},
+      {GROUP, "Dependent", "Antecedent", "CIM_ComputerSystem", {SYSTEM}},
+      {GROUP, "", "Dependent", "", {REFUSED}},
+      {GROUP, "", "", "CIM_SystemSpecificCollection", {REFUSED}},
+      {"QRV_StorageDomainGroup.InstanceID=\"ORVELIS:gone\"", "", "", "", {}}},
+     {{SYSTEM, "", "", "", {HOSTED_GROUP}},
+      {GROUP, "", "", "CIM_HostedCollection", {HOSTED_GROUP}},
+      {GROUP, "Antecedent", "", "", {REFUSED}}}},
 };
 
 class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInterface<Kind> {

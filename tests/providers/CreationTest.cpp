@@ -9,9 +9,6 @@ using namespace qrvtest;
 
 namespace {
 
-constexpr Uint16 WWN = 2, ISCSI = 5;
-constexpr const char* CREATE = "CreateStorageHardwareID";
-constexpr const char* DELETE = "DeleteStorageHardwareID";
 const std::string A = "1000000000A1B201", B = "1000000000A1B202", C = "1000000000A1B203";
 
 std::string created(const std::string& hardwareID) {
@@ -119,15 +116,15 @@ class CreationTest : public MethodTest {
     std::string create(const std::string& elementName, const std::string& storageID,
                        const std::string& persona = "") {
         const bool iscsi = storageID.find('.') != std::string::npos;
-        Parameters parameters{{"StorageID", text(storageID)},
-                              {"IDType", number(iscsi ? ISCSI : WWN)}};
+        Parameters parameters =
+            given("StorageID=" + storageID + (iscsi ? " IDType#5" : " IDType#2"));
         if (!elementName.empty()) parameters.push_back({"ElementName", text(elementName)});
         if (!persona.empty()) parameters.push_back({"Setting", reference(setting(persona))});
-        return call(CREATE, parameters);
+        return call("CreateStorageHardwareID", parameters);
     }
 
     std::string remove(const std::string& path) {
-        return call(DELETE, {{"HardwareID", reference(path)}});
+        return call("DeleteStorageHardwareID", "HardwareID@" + path);
     }
 
     std::vector<std::string> functions() {
@@ -200,75 +197,6 @@ TEST_F(CreationTest, anInitiatorStaysWhenThePersonaCannotBeSet) {
                                                "exist\n"));
     EXPECT_EQ(hostsText(), "h/1: " + A + " " + B);
     EXPECT_EQ(functions(), std::vector<std::string>{"api_addPath"});
-}
-
-TEST_F(CreationTest, badParametersNeverReachTheArray) {
-    const std::string mandatory =
-        "StorageID is mandatory. To create host without specifying StorageID, use "
-        "CreateHardwareIDCollection instead";
-    const std::string types = "IDType must be PortWWN or iscsiName";
-    const std::string otherID = "QRV_StorageClientSettingData.InstanceID=\"ORVELIS:OTHER-1\"";
-    const CIMValue id = text(A), wwn = number(WWN), junk = text("x");
-    const struct {
-        const char* method;
-        Parameters parameters;
-        std::string outcome;
-        std::string log;
-    } cases[] = {
-        {CREATE, {}, "5 Invalid number of parameters", " Invalid number of parameters"},
-        {CREATE, {{"IDType", number(3)}, {"NoSuch", junk}}, "4097 " + types, types},
-        {CREATE, {{"NoSuch", junk}, {"IDType", number(3)}}, "5 Invalid parameter NoSuch", ""},
-        {CREATE, {{"StorageID", id}, {"HardwareID", junk}}, "5 Invalid parameter HardwareID", ""},
-        {CREATE, {{"ElementName", junk}}, "5 " + mandatory, mandatory},
-        {CREATE, {{"IDType", wwn}, {"StorageID", text("")}}, "5 " + mandatory, mandatory},
-        {CREATE,
-         {{"StorageID", id}, {"OtherIDType", number(1)}},
-         "5 IDType is mandatory",
-         " IDType is mandatory"},
-        {CREATE,
-         {{"Setting", reference(otherID)}},
-         "5 Invalid Setting parameter root/qrv:" + otherID,
-         "\tInput is Invalid Setting!"},
-        {CREATE,
-         {{"Setting", reference(setting("zero"))}},
-         "5 Invalid Setting parameter root/qrv:" + setting("zero"),
-         "\tInput is Invalid Setting!"},
-        {CREATE,
-         {{"StorageID", text("iqn.a")}, {"IDType", wwn}},
-         "5 Invalid WWN for an FC path, StorageID iqn.a",
-         "Invalid WWN for an FC path, StorageID = iqn.a"},
-        {CREATE,
-         {{"StorageID", text(A + "0")}, {"IDType", wwn}},
-         "5 Invalid WWN for an FC path, StorageID " + A + "0",
-         "Invalid WWN for an FC path, StorageID = " + A + "0"},
-        {DELETE, {}, "5  Invalid number of parameters", " Invalid number of parameters"},
-        {DELETE, {{"NoSuch", junk}}, "5 Invalid parameter NoSuch", ""},
-        {DELETE,
-         {{"HardwareID", CIMValue(CIMTYPE_REFERENCE, false)}},
-         "5 HardwareID is mandatory",
-         " HardwareID is mandatory"},
-        {DELETE,
-         {{"HardwareID", reference(collectionOf("h"))}},
-         "5 Invalid HardwareID parameter root/qrv:" + collectionOf("h"),
-         ""},
-        {DELETE,
-         {{"HardwareID", reference(fcID(""))}},
-         "5 invalid HardwareID path root/qrv:" + fcID(""),
-         " invalid HardwareID path"},
-        {DELETE,
-         {{"HardwareID", reference("QRV_StorageHardwareID.InstanceID=\"FC-" + A + "\"")}},
-         "5 invalid HardwareID path root/qrv:QRV_StorageHardwareID.InstanceID=\"FC-" + A + "\"",
-         " invalid HardwareID path"}};
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.outcome);
-        logged();
-        control::resetCounters();
-        control::recordCalls(true);
-        EXPECT_EQ(call(each.method, each.parameters), each.outcome);
-        EXPECT_EQ(logged(),
-                  each.log.empty() ? NOTHING : std::vector<std::string>{"2 " + each.log + "\n"});
-        EXPECT_EQ(control::callCount("cim_sem_wait"), 0U);
-    }
 }
 
 TEST_F(CreationTest, deletionTakesOnePathFromItsHost) {

@@ -16,6 +16,11 @@ class MethodTest : public ModuleTest {
     std::string call(const std::string& method, const Parameters&,
                      const std::string& user = "admin", const std::string& path = SERVICE);
 
+    /// The same with parameters as text.
+    std::string call(const std::string& method, const std::string& parameters) {
+        return call(method, given(parameters));
+    }
+
     /// The outcome of a call that succeeds, with an output parameter if one is given.
     static std::string done(const std::string& outParameter = "");
 

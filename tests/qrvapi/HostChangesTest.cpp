@@ -353,6 +353,23 @@ const RefusedChange refusedChanges[] = {
      "151 The CHAP secret is not hexadecimal"},
 };
 
+TEST_F(HostChangesTest, CallsAreRecordedWithTheirLists) {
+    control::recordCalls(true);
+    const IscsiNames names({"iqn.x:y", "iqn.x:z"});
+    const qrv_u64 wwns[] = {0x21, 0x22};
+    const objdesc note = noteOf(OBJDESC_HOST_OS, "Linux");
+    EXPECT_EQ(outcome([&](auto* event) {
+                  return api_addPath(event, "empty", 2, wwns, 2, names.list(), 0, nullptr, nullptr,
+                                     &note);
+              }),
+              "ok");
+    const auto call = control::calls().at(1);
+    EXPECT_EQ(call.argument("wwns"), "0000000000000021,0000000000000022");
+    EXPECT_EQ(call.argument("iscsiNames"), "iqn.x:y,iqn.x:z");
+    EXPECT_EQ(call.argument("desc"), "3=Linux");
+    EXPECT_EQ(call.argument("initChap"), "none");
+}
+
 TEST_F(HostChangesTest, RefusedChangesLeaveNoTrace) {
     const auto before = hosts({});
     for (const auto& [change, answer] : refusedChanges) EXPECT_EQ(change(), answer);

@@ -87,6 +87,9 @@ TEST_F(VolumeTest, VolumesAreFoundByNameOrWwn) {
 TEST_F(VolumeTest, FiltersTakeListsOfWwns) {
     EXPECT_THAT(filtered({wwn('3') + "|" + wwn('0')}), ElementsAre("v0", "v3"));
     EXPECT_THAT(filtered({wwn('9')}), IsEmpty());
+    api_getvv_filters_t empty{};
+    qrv_u32 cursor = 0;
+    EXPECT_THAT(chunk(cursor, 0, &empty), ElementsAre(std::to_string(ERR_API_INVALID_ARGUMENT)));
     EXPECT_THAT(filtered({wwn('9') + "||" + wwn('1') + "|"}), ElementsAre("v1"));
     EXPECT_THAT(filtered({wwn('0') + "|" + wwn('1'), wwn('1') + "|" + wwn('2')}),
                 ElementsAre("v1"));
@@ -114,6 +117,16 @@ TEST_F(VolumeTest, FiltersRefuseWhatTheyCannotHold) {
     api_getvv_filter_free(&copy);
     EXPECT_THAT(takeViolations(),
                 ElementsAre("api_getvv_filter_free was given a list that isn't out"));
+}
+
+TEST_F(VolumeTest, FiltersAreRecorded) {
+    control::recordCalls(true);
+    filtered({"a|b", "c"});
+    const auto calls = control::calls();
+    ASSERT_EQ(calls.size(), 7U);
+    EXPECT_EQ(calls[2].argument("value"), "c");
+    EXPECT_EQ(calls[4].function, "api_getVVs_chunk");
+    EXPECT_EQ(calls[4].argument("filter"), "a|b");
 }
 
 TEST_F(VolumeTest, ChunksFollowTheCursor) {
@@ -164,6 +177,12 @@ TEST_F(VolumeTest, PatternsSayWhatTheyAskFor) {
     pattern.freeChunkLessThan = 0;
     pattern.rpm = 15;
     EXPECT_EQ(written(sizeof text), "0 nodes=0,1 freeBelow=0 rpm=15 type=SSD;");
+    constexpr const char* types[] = {"", "FC", "NL", "FC15", "SSD", "volume", "SSD100"};
+    for (int type = devtype_fc; type < devtype_all; ++type) {
+        pattern.deviceType = static_cast<devtype_e>(type);
+        EXPECT_EQ(written(sizeof text),
+                  std::string("0 nodes=0,1 freeBelow=0 rpm=15 type=") + types[type] + ";");
+    }
     pattern.deviceType = devtype_all;
     EXPECT_EQ(written(sizeof text), "0 nodes=0,1 freeBelow=0 rpm=15;");
 }

@@ -93,7 +93,31 @@ HostList readHosts() {
     return list;
 }
 
+CIMValue valueOf(char kind, const std::string& value) {
+    switch (kind) {
+        case '#':
+            return number(static_cast<Uint16>(std::stoul(value)));
+        case '@':
+            return reference(value);
+        case '[':
+            return texts(split(value.substr(0, value.size() - 1), ','));
+        case '!':
+            return CIMValue(CIMTYPE_STRING, false);
+        default:
+            return text(value);
+    }
+}
+
 }  // namespace
+
+Parameters given(const std::string& parameters) {
+    Parameters list;
+    for (const std::string& each : split(parameters, ' ')) {
+        const auto end = each.find_first_of("=#@[!");
+        list.push_back({each.substr(0, end), valueOf(each.at(end), each.substr(end + 1))});
+    }
+    return list;
+}
 
 CIMValue text(const std::string& value) {
     return CIMValue(utf16(value));

@@ -18,6 +18,10 @@ Pegasus::CIMValue texts(const std::vector<std::string>&);
 Pegasus::CIMValue number(Pegasus::Uint16);
 Pegasus::CIMValue reference(const std::string& path);
 
+/// Parameters as text, with blanks in between: "NAME=string", "NAME#uint16", "NAME@reference",
+/// "NAME[string,string]" and, for a null string, "NAME!".
+Parameters given(const std::string& parameters);
+
 /// The one service, without host and namespace.
 inline const std::string SERVICE =
     "QRV_StorageHardwareIDManagementService.CreationClassName="

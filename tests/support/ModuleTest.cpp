@@ -20,6 +20,7 @@ constexpr const char* SMALL_ARRAY = R"({
               {"id": "0:3:1", "type": "sas"}],
     "personas": [{"number": 1, "name": "One"}, {"number": 2, "name": "Two"}],
     "domains": ["east"],
+    "domainSets": [{"name": "coast", "id": 4294967295, "members": ["east"]}],
     "hosts": [
         {"name": "alpha", "id": 0, "persona": 1, "domain": "east", "paths": [
             {"wwn": "1000000000A1B201", "ports": ["0:1:1", "1:1:1"]},

@@ -59,6 +59,8 @@ Pegasus::QRV_StorageClientSettingDataProvider::buildObjectPath
 Pegasus::QRV_StorageClientSettingDataProvider::extractPersonaNumber
 Pegasus::QRV_StorageClientSettingDataProvider::makeUniqueID
 Pegasus::QRV_StorageClientSettingDataProvider::setPersonaClientTypes
+Pegasus::QRV_StorageDomainGroup::buildInstanceName
+Pegasus::QRV_StorageDomainGroup::buildObjectPath
 Pegasus::QRV_StorageHardwareIDCollectionProvider::buildInstanceName
 Pegasus::QRV_StorageHardwareIDProvider::buildInstance
 Pegasus::QRV_StorageHardwareIDProvider::buildInstanceName

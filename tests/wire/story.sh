@@ -28,7 +28,7 @@ setting() { echo "QRV_StorageClientSettingData.InstanceID=\"ORVELIS:PERSONA-$1\"
 
 # What a method answers: "NAME: 0" with its output parameters, or the code and text of a failure.
 call() {
-    wbemcli cm "$root:$service" "$1" 2>&1 | sed -n \
+    { wbemcli cm "$root:$service" "$1" 2>&1 || true; } | sed -n \
         -e 's/^\* wbemcli: Cim: \(([0-9]*)\) .*Unrecognized CIM status code "[0-9]*": /\1 /p; t' \
         -e 's/^\* wbemcli: Cim: \(([0-9]*)\) CIM_ERR_[A-Z_]*: /\1 /p; t' \
         -e 's/^\* wbemcli: //p; t' \
@@ -46,12 +46,13 @@ host=story-host
 fc=10000000FEEDF001 second=10000000FEEDF002 iscsi=iqn.2001-05.com.example:story
 if [[ ${1:-} == --server ]]; then
     start_server "$2" "$3"
+    user=admin:admin
 else
     url=${1:?a URL, or --server PROGRAM ARRAY}
+    user=${2:-admin:admin}
 fi
-user=$([[ $1 != --server ]] && echo "${2:-}" || true)
 url=${url%/}
-root=${url/:\/\//:\/\/${user:-admin:admin}@}/root/qrv
+root=${url/:\/\//:\/\/$user@}/root/qrv
 trap finish EXIT
 
 service=$(wbemcli ein "$root:QRV_StorageHardwareIDManagementService")

@@ -10,26 +10,15 @@ namespace {
 
 constexpr int nothingAsked = -1;
 
-/// The name of a device type; none for one that asks for nothing.
-std::string_view typeName(devtype_e type) {
-    switch (type) {
-        case devtype_unknown:
-        case devtype_all:
-            return {};
-        case devtype_fc:
-            return "FC";
-        case devtype_nl:
-            return "NL";
-        case devtype_fc15:
-            return "FC15";
-        case devtype_ssd:
-            return "SSD";
-        case devtype_volume:
-            return "volume";
-        case devtype_ssd100:
-            return "SSD100";
+/// The names of the device types, in their order; none for those that ask for nothing.
+constexpr std::string_view typeNames[] = {"", "FC", "NL", "FC15", "SSD", "volume", "SSD100", ""};
+
+std::string_view typeName(const devtype_e& type) {
+    const int number = numberIn(type);
+    if (number < devtype_unknown || number > devtype_all) {
+        throw Refusal(ERR_API_INVALID_ARGUMENT, {"deviceType"});
     }
-    throw Refusal(ERR_API_INVALID_ARGUMENT, {"deviceType"});
+    return typeNames[number];
 }
 
 class PatternText {

@@ -82,8 +82,14 @@ void keepCommon(Selection& selection, const Selection& other) {
     }
 }
 
+/// Those of a list that is out; a list that isn't has none.
+qrv_u32 conditionsIn(const api_getvv_filters_t* filters) {
+    const bool isList = filters != nullptr && Ledger::instance().isOut(filters->vvfilter);
+    return isList ? std::min(filters->used_count, filters->init_count) : 0;
+}
+
 Selection select(const Volumes& volumes, const api_getvv_filters_t* filters) {
-    const auto count = filters == nullptr ? 0 : filters->used_count;
+    const auto count = conditionsIn(filters);
     if (count == 0) return everything(volumes);
     auto selection = volumesOf(volumes, fieldText(filters->vvfilter[0].fval));
     for (qrv_u32 i = 1; i < count; ++i) {
@@ -153,7 +159,7 @@ int api_getVVs_chunk(qrv_u32* cursor, qrv_u32 chunkSize, const api_getvv_filters
                      int* count, api_vv_t** records, int reserved) {
     const auto describeArguments = [&](Arguments& arguments) {
         arguments.number("chunkSize", chunkSize);
-        for (qrv_u32 i = 0; filters != nullptr && i < filters->used_count; ++i) {
+        for (qrv_u32 i = 0; i < conditionsIn(filters); ++i) {
             arguments.text("filter", filters->vvfilter[i].fval);
         }
     };
@@ -161,6 +167,7 @@ int api_getVVs_chunk(qrv_u32* cursor, qrv_u32 chunkSize, const api_getvv_filters
         refuseUnless(cursor != nullptr && count != nullptr && records != nullptr,
                      "cursor, count and records");
         refuseUnless(reserved == 1, "reserved");
+        refuseUnless(filters == nullptr || Ledger::instance().isOut(filters->vvfilter), "filters");
         auto chunk = Simulator::instance().read([&](const Model& model) {
             return readChunk(select(model.volumes(), filters), *cursor, chunkSize);
         });

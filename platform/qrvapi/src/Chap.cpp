@@ -1,7 +1,5 @@
 #include "Chap.h"
 
-#include <tuple>
-
 #include "Errors.h"
 #include "Identity.h"
 #include "Text.h"
@@ -45,14 +43,6 @@ void change(ChapSide& side, const api_setChap_t& change, const std::string& usua
 }
 
 }  // namespace
-
-bool ChapSide::operator==(const ChapSide& other) const {
-    return std::tie(enabled, name, secret) == std::tie(other.enabled, other.name, other.secret);
-}
-
-bool HostChap::operator==(const HostChap& other) const {
-    return initiator == other.initiator && target == other.target;
-}
 
 std::string secretBytes(std::string_view text, int type) {
     switch (type) {

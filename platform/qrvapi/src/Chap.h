@@ -12,15 +12,11 @@ struct ChapSide {
     bool enabled = false;
     std::string name;
     std::string secret;
-
-    bool operator==(const ChapSide& other) const;
 };
 
 struct HostChap {
     ChapSide initiator;
     ChapSide target;
-
-    bool operator==(const HostChap& other) const;
 };
 
 /// Reads a secret as its writer gave it; `type` is an api_chapSecretType_t. Throws Refusal.

@@ -65,6 +65,9 @@ using HostList = OwnedList<api_HostsInfo_t, api_freeHosts>;
 /// The answer of api_getHostPersonaList.
 using PersonaList = OwnedList<api_hostpersonalist_t, api_freeHostPersonas>;
 
+/// The answer of api_getDomainSets.
+using SetList = OwnedList<api_setlist, api_freeSets>;
+
 /// The answer of api_getHostPaths.
 using HardwareIDRecords = RecordBlock<api_hardwareID_t>;
 

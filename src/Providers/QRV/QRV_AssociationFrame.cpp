@@ -47,24 +47,6 @@ void deliverObjects(const Array<CIMInstance>& found, ObjectResponseHandler& hand
     handler.complete();
 }
 
-void deliverInstances(const Array<CIMInstance>& found, InstanceResponseHandler& handler) {
-    handler.processing();
-    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i]);
-    handler.complete();
-}
-
-void deliverPaths(const Array<CIMInstance>& found, ObjectPathResponseHandler& handler) {
-    handler.processing();
-    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
-    handler.complete();
-}
-
-void deliverPaths(const Array<CIMObjectPath>& found, ObjectPathResponseHandler& handler) {
-    handler.processing();
-    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i]);
-    handler.complete();
-}
-
 Array<CIMObjectPath> pathsOf(const Array<CIMInstance>& instances) {
     Array<CIMObjectPath> paths;
     paths.reserveCapacity(instances.size());

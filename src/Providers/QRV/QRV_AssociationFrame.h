@@ -20,12 +20,8 @@ bool beginAssociation(const ProviderFrame&, const AssociationRules&, int refusal
 bool sourceExists(CIMOMHandle&, const OperationContext&, const CIMObjectPath& objectName, int level,
                   const char* text = "Instance does not exist for object ");
 
-/// Deliver what an operation found, each between processing() and complete(), in order. An empty
-/// answer is a complete one.
+/// Delivers what an operation found, as deliverInstances() does.
 void deliverObjects(const Array<CIMInstance>& found, ObjectResponseHandler&);
-void deliverInstances(const Array<CIMInstance>& found, InstanceResponseHandler&);
-void deliverPaths(const Array<CIMInstance>& found, ObjectPathResponseHandler&);
-void deliverPaths(const Array<CIMObjectPath>& found, ObjectPathResponseHandler&);
 
 /// The paths of instances, in their order.
 Array<CIMObjectPath> pathsOf(const Array<CIMInstance>& instances);

@@ -78,6 +78,24 @@ void deliverFound(const ProviderFrame& frame, const Array<CIMInstance>& instance
     handler.complete();
 }
 
+void deliverInstances(const Array<CIMInstance>& found, InstanceResponseHandler& handler) {
+    handler.processing();
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i]);
+    handler.complete();
+}
+
+void deliverPaths(const Array<CIMInstance>& found, ObjectPathResponseHandler& handler) {
+    handler.processing();
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
+    handler.complete();
+}
+
+void deliverPaths(const Array<CIMObjectPath>& found, ObjectPathResponseHandler& handler) {
+    handler.processing();
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i]);
+    handler.complete();
+}
+
 void refuse(const ProviderFrame& frame, const char* operation) {
     throw CIMNotSupportedException(String(frame.className) + " does not support " + operation +
                                    ".");

@@ -51,6 +51,12 @@ void beginEnumeration(const ProviderFrame&, const OperationContext&,
 void deliverFound(const ProviderFrame&, const Array<CIMInstance>& instances,
                   InstanceResponseHandler&);
 
+/// Deliver what an operation found, each between processing() and complete(), in order. An empty
+/// answer is a complete one.
+void deliverInstances(const Array<CIMInstance>& found, InstanceResponseHandler&);
+void deliverPaths(const Array<CIMInstance>& found, ObjectPathResponseHandler&);
+void deliverPaths(const Array<CIMObjectPath>& found, ObjectPathResponseHandler&);
+
 /// Throws CIMNotSupportedException for an operation that the class doesn't implement, such as
 /// "createInstance".
 [[noreturn]] void refuse(const ProviderFrame&, const char* operation);

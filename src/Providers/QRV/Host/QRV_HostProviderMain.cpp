@@ -3,11 +3,15 @@
 #include <Pegasus/Provider/CIMProvider.h>
 #include <qrvapi.h>
 
+#include "QRV_HostedStorageDomainGroup.h"
+#include "QRV_HostedStorageHardwareIDCollectionProvider.h"
 #include "QRV_MemberOfStorageHardwareIDCollectionProvider.h"
 #include "QRV_StorageClientSettingDataProvider.h"
+#include "QRV_StorageDomainGroup.h"
 #include "QRV_StorageHardwareIDCollectionProvider.h"
 #include "QRV_StorageHardwareIDManagementServiceProvider.h"
 #include "QRV_StorageHardwareIDProvider.h"
+#include "QRV_SystemClientSettingDataProvider.h"
 
 PEGASUS_USING_PEGASUS;
 
@@ -28,9 +32,14 @@ constexpr Entry PROVIDERS[] = {
     {"QRV_StorageHardwareIDCollectionProvider", create<QRV_StorageHardwareIDCollectionProvider>},
     {"QRV_MemberOfStorageHardwareIDCollectionProvider",
      create<QRV_MemberOfStorageHardwareIDCollectionProvider>},
+    {"QRV_HostedStorageHardwareIDCollectionProvider",
+     create<QRV_HostedStorageHardwareIDCollectionProvider>},
     {"QRV_StorageHardwareIDManagementServiceProvider",
      create<QRV_StorageHardwareIDManagementServiceProvider>},
     {"QRV_StorageClientSettingDataProvider", create<QRV_StorageClientSettingDataProvider>},
+    {"QRV_SystemClientSettingDataProvider", create<QRV_SystemClientSettingDataProvider>},
+    {"QRV_StorageDomainGroup", create<QRV_StorageDomainGroup>},
+    {"QRV_HostedStorageDomainGroup", create<QRV_HostedStorageDomainGroup>},
 };
 
 }  // namespace
