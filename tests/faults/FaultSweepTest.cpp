@@ -52,13 +52,13 @@ constexpr const char* NOT_FOUND = "6 QRV_StorageHardwareID CIM Object not found.
 constexpr const char* HUNG_UP = "1 client hung up";
 
 /// A method of the hardware ID management service that makes one change by `change`.
-Operation method(const std::string& name, const char* about, const qrvtest::Parameters& parameters,
+Operation method(const std::string& name, const char* about, const std::string& parameters,
                  const char* change, const std::map<int, int>& codes, const Answers& more = {}) {
     const auto run = [=](qrvtest::ModuleProvider& provider, qrvtest::Recording& recording) {
         qrvtest::MethodRecorder handler(recording);
         provider.methods().invokeMethod(requestOf("admin"), pathOf(qrvtest::SERVICE),
-                                        CIMName(name.c_str()), qrvtest::inParameters(parameters),
-                                        handler);
+                                        CIMName(name.c_str()),
+                                        qrvtest::inParameters(qrvtest::given(parameters)), handler);
     };
     Answers answers{{"api_qrvOpenForCimserver", NO_RIGHTS},
                     {"api_authorizeCIMUser", NO_GENERIC},
@@ -71,16 +71,10 @@ Operation method(const std::string& name, const char* about, const qrvtest::Para
     return {name + about, "QRV_StorageHardwareIDManagementServiceProvider", run, answers, codes};
 }
 
-using qrvtest::collectionOf;
-using qrvtest::fcID;
-using qrvtest::number;
-using qrvtest::reference;
-using qrvtest::text;
-using qrvtest::texts;
-
 const std::string KNOWN = "1000000000A1B201", NEW = "1000000000A1B299";
-const std::string GONE = "4096 StorageHardwareID root/qrv:" + fcID(KNOWN) + " not found";
+const std::string GONE = "4096 StorageHardwareID root/qrv:" + qrvtest::fcID(KNOWN) + " not found";
 const std::string NEEDS_LIST = "4096 Path " + KNOWN + " on port 0:1:1 already exists";
+const std::string OF_ALPHA = "Collection@" + qrvtest::collectionOf("alpha");
 const std::map<int, int> CREATION_CODES{{17, 4096}, {3, 5}, {19, 5}};
 const std::map<int, int> MEMBER_CODES{{3, 4096}, {19, 5}};
 const std::map<int, int> DELETION_CODES{{3, 4096}, {16, 4096}};
@@ -133,41 +127,36 @@ const Operation OPERATIONS[] = {
       {"api_getSystemContact", UNCHANGED},  // it is empty in any event
       {"api_getOwnerName", UNCHANGED},
       {"deliver", HUNG_UP}}},
-    method("CreateStorageHardwareID", "_newHost", {{"StorageID", text(NEW)}, {"IDType", number(2)}},
-           "api_createHost", CREATION_CODES,
+    method("CreateStorageHardwareID", "_newHost", "IDType#2 StorageID=" + NEW, "api_createHost",
+           CREATION_CODES,
            {{"api_wwnStringToInt", "5 Invalid WWN for an FC path, StorageID " + NEW},
             {"api_getHostPaths", UNCHANGED},
             {"api_getHosts", UNCHANGED},
             {"cim_sem_wait#1", UNCHANGED},
             {"cim_sem_wait#2", UNCHANGED}}),
-    method("CreateStorageHardwareID", "_newPath",
-           {{"ElementName", text("beta")}, {"StorageID", text("iqn.new")}, {"IDType", number(5)}},
+    method("CreateStorageHardwareID", "_newPath", "ElementName=beta StorageID=iqn.new IDType#5",
            "api_addPath", CREATION_CODES,
            {{"api_getHostPaths", "4 Host beta already exists"},
             {"cim_sem_wait#1", "4 Host beta already exists"}}),
-    method("CreateStorageHardwareID", "_newPersona",
-           {{"StorageID", text(KNOWN)}, {"IDType", number(2)}}, "api_setHost", CREATION_CODES,
+    method("CreateStorageHardwareID", "_newPersona", "IDType#2 StorageID=" + KNOWN, "api_setHost",
+           CREATION_CODES,
            {{"api_wwnStringToInt", "5 Invalid WWN for an FC path, StorageID " + KNOWN},
             {"api_getHostPaths", NEEDS_LIST},
             {"cim_sem_wait#1", NEEDS_LIST}}),
-    method("DeleteStorageHardwareID", "", {{"HardwareID", reference(fcID(KNOWN))}},
-           "api_removePath", DELETION_CODES,
+    method("DeleteStorageHardwareID", "", "HardwareID@" + qrvtest::fcID(KNOWN), "api_removePath",
+           DELETION_CODES,
            {{"api_qrvOpenForCimserver#2", GONE},
             {"api_getHostPaths", GONE},
             {"hashtable_put", UNCHANGED},
             {"cim_sem_wait#1", GONE}}),
     method("CreateHardwareIDCollection", "",
-           {{"ElementName", text("new")}, {"HardwareIDs", texts({fcID(NEW)})}}, "api_createHost",
+           "ElementName=new HardwareIDs[" + qrvtest::fcID(NEW) + "]", "api_createHost",
            MEMBER_CODES),
-    method("AddHardwareIDsToCollection", "",
-           {{"Collection", reference(collectionOf("bare"))}, {"HardwareIDs", texts({fcID(NEW)})}},
+    method("AddHardwareIDsToCollection", "", OF_ALPHA + " HardwareIDs[" + qrvtest::fcID(NEW) + "]",
            "api_addPath", MEMBER_CODES),
-    method("SetISCSICHAP", "",
-           {{"Collection", reference(collectionOf("alpha"))},
-            {"InitiatorSecret", text("twelve chars")}},
-           "api_setHost", CHAP_CODES),
-    method("RemoveISCSICHAP", "", {{"Collection", reference(collectionOf("alpha"))}}, "api_setHost",
+    method("SetISCSICHAP", "", OF_ALPHA + " InitiatorSecret=twelve_chars", "api_setHost",
            CHAP_CODES),
+    method("RemoveISCSICHAP", "", OF_ALPHA, "api_setHost", CHAP_CODES),
 };
 
 /// A call that is to fail.

@@ -38,25 +38,27 @@ class ChapTest : public MethodTest {
     }
 
     void TearDown() override {
-        for (const std::string& written : everythingWritten()) {
-            EXPECT_THAT(written, testing::Not(testing::HasSubstr("hush")));
-            EXPECT_THAT(written, testing::Not(testing::HasSubstr("C0FFEE")));
+        for (const std::string& text : _written) {
+            EXPECT_THAT(text, testing::Not(testing::HasSubstr("hush")));
+            EXPECT_THAT(text, testing::Not(testing::HasSubstr("C0FFEE")));
         }
     }
 
-    std::string chap(const std::string& method, const Parameters& parameters,
+    std::string chap(const std::string& method, const std::string& parameters,
                      const std::string& host = "h") {
-        Parameters all{{"Collection", reference(collectionOf(host))}};
-        all.insert(all.end(), parameters.begin(), parameters.end());
-        return kept(call(method, all));
-    }
-
-    std::string kept(const std::string& outcome) {
-        _written.push_back(outcome);
+        control::resetCounters();
+        const std::string outcome =
+            call(method, "Collection@" + collectionOf(host) + " " + parameters);
+        _log = logged();
+        keep(outcome);
         return outcome;
     }
 
-    /// The two sides of the last record that went to the array, which changes nothing else.
+    /// What the last call logged, up to level 4.
+    const std::vector<std::string>& log() const { return _log; }
+
+    /// The two sides of the record of the last call, which changes nothing else; empty when the
+    /// array wasn't called.
     static std::pair<std::string, std::string> sides() {
         std::pair<std::string, std::string> sides;
         for (const control::CallRecord& call : control::calls()) {
@@ -70,109 +72,85 @@ class ChapTest : public MethodTest {
     }
 
     /// Outcomes, log lines, the array's event log and its calls with all arguments.
-    std::vector<std::string> everythingWritten() {
-        for (const std::string& line : logged()) kept(line);
-        std::vector<std::string> all = _written;
-        for (const control::Event& event : control::events()) {
-            const api_evtparam_t& record = event.record;
-            all.push_back(event.change + record.user + record.addr + record.method +
-                          record.inst_op + record.inst_param);
-        }
-        for (const control::CallRecord& call : control::calls())
-            for (const auto& [name, value] : call.arguments) all.push_back(name + "=" + value);
-        return all;
-    }
+    const std::vector<std::string>& written() const { return _written; }
 
   private:
-    std::vector<std::string> _written;
+    void keep(const std::string& outcome) {
+        _written.push_back(outcome);
+        _written.insert(_written.end(), _log.begin(), _log.end());
+        for (const control::Event& event : control::events()) {
+            const api_evtparam_t& record = event.record;
+            _written.push_back(event.change + record.user + record.addr + record.method +
+                               record.inst_op + record.inst_param);
+        }
+        for (const control::CallRecord& call : control::calls())
+            for (const auto& [name, value] : call.arguments) _written.push_back(name + "=" + value);
+    }
+
+    std::vector<std::string> _log, _written;
 };
 
 TEST_F(ChapTest, aSecretHasALengthByItsType) {
     const struct {
-        std::string side, ascii, hex;
-    } texts[] = {{"Initiator", "initiatorsecret length in ascii must be 12 to 16 characters",
-                  "initiator secret length in hex must be 16 bytes"},
-                 {"Target", "target length in ascii must be 12 to 16 characters",
-                  "target secret length in hex must be 16 bytes"}};
-    const struct {
-        Parameters type;
+        const char* type;
         std::string value;
         bool passes;
-    } cases[] = {{{}, secret(11), false},
-                 {{}, secret(12), true},
-                 {{}, secret(16), true},
-                 {{}, secret(17), false},
-                 {{}, hexSecret(32), false},
-                 {{{"", number(0)}}, secret(17), false},
-                 {{{"", number(1)}}, hexSecret(16), false},
-                 {{{"", number(1)}}, hexSecret(31), false},
-                 {{{"", number(1)}}, hexSecret(33), false},
-                 {{{"", number(1)}}, hexSecret(32), true}};
-    for (const auto& each : cases)
-        for (const auto& [side, ascii, hex] : texts) {
-            SCOPED_TRACE(side + " " + std::to_string(each.value.size()));
-            Parameters parameters{{side + "Secret", text(each.value)}};
-            for (const auto& [name, type] : each.type)
-                parameters.push_back({side + "SecretType", type});
-            const bool isHex = !each.type.empty() && each.type[0].second.equal(number(1));
-            const std::string failure = "5 A valid " + (isHex ? hex : ascii);
-            if (side == "Target")  // which needs the other side, with another secret
-                parameters.push_back({"InitiatorSecret", text(secret(12, "word"))});
-            control::resetCounters();
-            EXPECT_EQ(chap(SET, parameters), each.passes ? done() : failure);
-            EXPECT_EQ(control::callCount("api_setHost"), each.passes ? 1U : 0U);
-            EXPECT_EQ(chap(REMOVE, {}), done());
+    } cases[] = {{"", secret(11), false},      {"", secret(12), true},
+                 {"", secret(16), true},       {"", secret(17), false},
+                 {"", hexSecret(32), false},   {"#0", secret(17), false},
+                 {"#1", hexSecret(16), false}, {"#1", hexSecret(31), false},
+                 {"#1", hexSecret(33), false}, {"#1", hexSecret(32), true}};
+    for (const auto& [type, value, passes] : cases)
+        for (const bool isTarget : {false, true}) {
+            const std::string side = isTarget ? "Target" : "Initiator";
+            SCOPED_TRACE(side + type + " " + std::to_string(value.size()));
+            const std::string noun = isTarget ? "target" : "initiator";
+            const bool hex = std::string(type) == "#1";
+            const std::string rule =
+                hex ? "hex must be 16 bytes\n" : "ascii must be 12 to 16 characters\n";
+            const std::string asciiNoun =
+                isTarget ? "target length in " : "initiatorsecret length in ";
+            const std::string failure =
+                "5 A valid " + (hex ? noun + " secret length in " : asciiNoun) + rule;
+            const std::string other = isTarget ? " InitiatorSecret=" + secret(12, "word") : "";
+            const std::string outcome =
+                chap(SET, side + "Secret=" + value + other +
+                              (*type == '\0' ? "" : " " + side + "SecretType" + type));
+            EXPECT_EQ(outcome + "\n", (passes ? done() + "\n" : failure));
+            EXPECT_EQ(sides() == std::pair(std::string(), std::string()), !passes);
+            const auto logged =
+                testing::Contains("2  A valid " + noun + " secret length in " + rule);
+            EXPECT_TRUE(passes || testing::Value(log(), logged));
+            EXPECT_EQ(chap(REMOVE, ""), done());
         }
 }
 
 TEST_F(ChapTest, onlyTheSidesThatAreGivenChange) {
-    const CIMValue first = text(secret(12)), second = text(secret(14)), hex = text(hexSecret(32));
-    const std::string longName(300, 'n');
+    const std::string first = "InitiatorSecret=" + secret(12), longName(300, 'n');
     const struct {
         const char* method;
-        Parameters parameters;
-        std::string outcome;
-        std::pair<std::string, std::string> sides;
-    } cases[] = {{SET,
-                  {{"TargetSecret", first}},
-                  "4 Target CHAP needs initiator CHAP",
-                  {"none", enabled("")}},
-                 {SET, {{"InitiatorSecret", first}}, done(), {enabled(""), "none"}},
-                 {SET,
-                  {{"InitiatorCHAPName", text("me")}, {"TargetSecret", second}},
-                  done(),
-                  {"none", enabled("")}},
-                 {SET,
-                  {{"InitiatorSecret", first},
-                   {"TargetSecret", text("")},
-                   {"TargetCHAPName", text("a")},
-                   {"InitiatorCHAPName", text(longName)}},
-                  done(),
-                  {enabled(longName.substr(0, 223)), "none"}},
-                 {SET,
-                  {{"InitiatorSecret", first}, {"TargetSecret", first}},
-                  "4 The initiator and target CHAP secrets must differ",
-                  {enabled(""), enabled("")}},
-                 {SET,
-                  {{"InitiatorSecret", text(secret(32))}, {"InitiatorSecretType", number(1)}},
-                  "4 The CHAP secret is not hexadecimal",
-                  {enabled("", "hex"), "none"}},
-                 {SET,
-                  {{"InitiatorCHAPName", text("me")},
-                   {"InitiatorSecretType", number(1)},
-                   {"InitiatorSecret", hex},
-                   {"TargetCHAPName", text("you")},
-                   {"TargetSecret", second},
-                   {"TargetSecretType", number(0)}},
-                  done(),
-                  {enabled("me", "hex"), enabled("you")}},
-                 {REMOVE, {{"RemovalScope", number(1)}}, done(), {"none", "disable"}},
-                 {REMOVE, {}, done(), {"disable", "disable"}},
-                 {REMOVE, {{"RemovalScope", number(2)}}, done(), {"disable", "disable"}}};
+        std::string parameters, outcome, initiator, target;
+    } cases[] = {
+        {SET, "TargetSecret=" + secret(12), "4 Target CHAP needs initiator CHAP", "none",
+         enabled("")},
+        {SET, first, done(), enabled(""), "none"},
+        {SET, "InitiatorCHAPName=me TargetSecret=" + secret(14), done(), "none", enabled("")},
+        {SET, first + " TargetSecret= TargetCHAPName=a InitiatorCHAPName=" + longName, done(),
+         enabled(longName.substr(0, 223)), "none"},
+        {SET, first + " TargetSecret=" + secret(12),
+         "4 The initiator and target CHAP secrets must differ", enabled(""), enabled("")},
+        {SET, "InitiatorSecretType#1 InitiatorSecret=" + secret(32),
+         "4 The CHAP secret is not hexadecimal", enabled("", "hex"), "none"},
+        {SET,
+         "InitiatorCHAPName=me InitiatorSecretType#1 InitiatorSecret=" + hexSecret(32) +
+             " TargetCHAPName=you TargetSecretType#0 TargetSecret=" + secret(14),
+         done(), enabled("me", "hex"), enabled("you")},
+        {REMOVE, "RemovalScope#1", done(), "none", "disable"},
+        {REMOVE, "", done(), "disable", "disable"},
+        {REMOVE, "RemovalScope#2", done(), "disable", "disable"}};
     for (const auto& each : cases) {
-        control::resetCounters();
         EXPECT_EQ(chap(each.method, each.parameters), each.outcome);
-        EXPECT_EQ(sides(), each.sides) << each.outcome;
+        EXPECT_EQ(sides(), std::pair(each.initiator, each.target)) << each.parameters;
     }
     EXPECT_EQ(hostsText(), "h/2: iqn.a");
 }
@@ -182,102 +160,45 @@ TEST_F(ChapTest, theArrayKeepsTheCredentials) {
         return control::acceptsChap("h", side, name, value);
     };
     const auto initiator = control::ChapSide::initiator, target = control::ChapSide::target;
-    const Parameters both{{"InitiatorSecret", text(secret(12))},
-                          {"TargetCHAPName", text("array")},
-                          {"TargetSecret", text(secret(16))}};
-    EXPECT_EQ(chap(SET, both), done());
+    EXPECT_EQ(chap(SET, "TargetCHAPName=array InitiatorSecret=" + secret(12) +
+                            " TargetSecret=" + secret(16)),
+              done());
     EXPECT_THAT(changes(), testing::ElementsAre("api_setHost host h: initiator CHAP, target CHAP"));
     EXPECT_TRUE(accepted(initiator, "h", secret(12)));
     EXPECT_TRUE(accepted(target, "array", secret(16)));
-    EXPECT_EQ(chap(REMOVE, {{"RemovalScope", number(1)}}), done());
+    EXPECT_EQ(chap(REMOVE, "RemovalScope#1"), done());
     EXPECT_THAT(changes(), testing::ElementsAre("api_setHost host h: target CHAP"));
     EXPECT_TRUE(accepted(initiator, "h", secret(12)));
     EXPECT_FALSE(accepted(target, "array", secret(16)));
-    EXPECT_EQ(chap(REMOVE, {}), done());
+    EXPECT_EQ(chap(REMOVE, ""), done());
     EXPECT_FALSE(accepted(initiator, "h", secret(12)));
 }
 
-TEST_F(ChapTest, badParametersNeverReachTheArray) {
-    const CIMValue good = text(secret(12)), junk = text("x");
-    const std::string nobody = collectionOf(""), wrong = fcID("5");
-    const struct {
-        const char* method;
-        Parameters parameters;
-        std::string outcome, log;
-    } cases[] = {
-        {SET,
-         {{"InitiatorSecretType", number(2)}, {"NoSuch", junk}},
-         "invalid InitiatorSecretType value",
-         "Invalid InitiatorSecretType"},
-        {SET,
-         {{"InitiatorSecret", text(secret(3))}, {"TargetSecretType", number(2)}},
-         "invalid TargetSecretType value",
-         "Invalid TargetSecretType"},
-        {SET, {{"InitiatorSecret", good}}, "Collection is mandatory", " Collection is mandatory"},
-        {SET, {{"Collection", reference(wrong)}}, "invalid Collection path root/qrv:" + wrong, ""},
-        {SET,
-         {{"Collection", reference(nobody)},
-          {"InitiatorSecret", text("")},
-          {"TargetSecret", text("")},
-          {"TargetCHAPName", junk}},
-         "Secret is mandatory",
-         " Secret is mandatory"},
-        {SET,
-         {{"Collection", reference(nobody)}, {"InitiatorSecret", good}},
-         "invalid StorageHardwareIDCollection path root/qrv:" + nobody,
-         " invalid collection path"},
-        {REMOVE,
-         {{"RemovalScope", number(0)}, {"NoSuch", junk}},
-         "invalid RemovalScope value",
-         "Invalid RemovalScope"},
-        {REMOVE,
-         {{"RemovalScope", number(3)}},
-         "invalid RemovalScope value",
-         "Invalid RemovalScope"},
-        {REMOVE,
-         {{"RemovalScope", number(1)}},
-         "Collection is mandatory",
-         " Collection is mandatory"},
-        {REMOVE,
-         {{"Collection", reference(nobody)}},
-         "invalid StorageHardwareIDCollection path root/qrv:" + nobody,
-         " invalid collection path"}};
-    control::captureLog(2);
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.outcome);
-        logged();
-        EXPECT_EQ(kept(call(each.method, each.parameters)), "5 " + each.outcome);
-        EXPECT_EQ(logged(), each.log.empty() ? std::vector<std::string>()
-                                             : std::vector<std::string>{"2 " + each.log + "\n"});
-    }
-    EXPECT_EQ(control::callCount("api_setHost"), 0U);
-}
-
 TEST_F(ChapTest, aHostThatIsGone) {
-    const Parameters good{{"InitiatorSecret", text(secret(12))}};
+    const std::string good = "InitiatorSecret=" + secret(12);
     for (const auto& [method, parameters] :
-         {std::pair(SET, good), std::pair(REMOVE, Parameters())}) {
+         {std::pair(SET, good), std::pair(REMOVE, std::string())}) {
         EXPECT_EQ(chap(method, parameters, "gone"), "4096 Host gone does not exist");
         control::failCall("api_setHost", 1, control::Repeat::once, ERR_API_GETHOST_FAILED);
         EXPECT_EQ(chap(method, parameters), "4096 The hosts could not be read");
-        EXPECT_THAT(logged(), testing::Contains("2 Error from api_setHost: The hosts could not be "
-                                                "read\n"));
+        EXPECT_THAT(log(), testing::Contains("2 Error from api_setHost: The hosts could not be "
+                                             "read\n"));
     }
 }
 
 // The search after each test of this file looks where there is something to find.
 TEST_F(ChapTest, secretsAreLookedForInAllThatIsWritten) {
-    EXPECT_EQ(chap(SET, {{"InitiatorSecret", text(secret(12))},
-                         {"TargetSecret", text(hexSecret(32))},
-                         {"TargetSecretType", number(1)}}),
+    EXPECT_EQ(chap(SET, "InitiatorSecret=" + secret(12) +
+                            " TargetSecretType#1 TargetSecret=" + hexSecret(32)),
               done());
-    EXPECT_EQ(chap(SET, {{"InitiatorSecretType", text(secret(12))}}), "-1 type mismatch");
-    EXPECT_EQ(chap(SET, {{secret(0) + "NoSuch", text(secret(12))}}), "5 Invalid parameter NoSuch");
-    EXPECT_THAT(everythingWritten(),
-                testing::IsSupersetOf(
-                    {testing::HasSubstr("4 Param InitiatorSecret\n"),
-                     testing::HasSubstr("initiator CHAP, target CHAPadmin192.0.2.7QRV_"),
-                     testing::HasSubstr("initChap=enable"), testing::HasSubstr("5 Invalid")}));
+    EXPECT_EQ(chap(SET, "InitiatorSecretType=" + secret(12)), "-1 type mismatch");
+    EXPECT_EQ(chap(SET, "InitiatorSecret=" + secret(12) + " NoSuch=" + secret(12)),
+              "5 Invalid parameter NoSuch");
+    EXPECT_THAT(written(), testing::IsSupersetOf(
+                               {testing::HasSubstr("4 Param InitiatorSecret\n"),
+                                testing::HasSubstr("initiator CHAP, target CHAPadmin192.0.2.7QRV_"),
+                                testing::HasSubstr("initChap=enable"),
+                                testing::HasSubstr("5 Invalid parameter")}));
 }
 
 }  // namespace

@@ -30,8 +30,7 @@ const std::map<std::string, const char*> OUTCOMES = {
      "found|4096 Path \\w+ does not exist|4 No host name was given"}};
 
 struct Request {
-    std::string method;
-    Parameters parameters;
+    std::string method, parameters;
 };
 
 Request requestOfTurn(int turn) {
@@ -39,14 +38,12 @@ Request requestOfTurn(int turn) {
     const std::string& host = HOSTS[turn / 3 % 3];
     switch (turn % 4) {
         case 0:
-            return {"CreateStorageHardwareID",
-                    {{"ElementName", text(host)}, {"StorageID", text(id)}, {"IDType", number(2)}}};
+            return {"CreateStorageHardwareID", "IDType#2 ElementName=" + host + " StorageID=" + id};
         case 1:
             return {"AddHardwareIDsToCollection",
-                    {{"Collection", reference(collectionOf(host))},
-                     {"HardwareIDs", texts({fcID(id)})}}};
+                    "Collection@" + collectionOf(host) + " HardwareIDs[" + fcID(id) + "]"};
         default:
-            return {"DeleteStorageHardwareID", {{"HardwareID", reference(fcID(id))}}};
+            return {"DeleteStorageHardwareID", "HardwareID@" + fcID(id)};
     }
 }
 
@@ -59,7 +56,7 @@ class MethodConcurrencyTest : public MethodTest {
         const std::string outcome = outcomeOf([&] {
             broker().invokeMethod(requestOf(userOf(thread)), CIMNamespaceName("root/qrv"),
                                   pathOf(SERVICE), CIMName(request.method.c_str()),
-                                  inParameters(request.parameters), out);
+                                  inParameters(given(request.parameters)), out);
         });
         const std::lock_guard lock(_mutex);
         EXPECT_TRUE(std::regex_match(outcome, std::regex(OUTCOMES.at(request.method)))) << outcome;
@@ -104,8 +101,7 @@ TEST_F(MethodConcurrencyTest, theArrayStaysConsistentAndEveryClientGetsAnAnswer)
     }
     std::map<std::string, std::string> atTheEnd;
     for (const std::string& id : IDS) {
-        const std::string outcome =
-            call("DeleteStorageHardwareID", {{"HardwareID", reference(fcID(id))}});
+        const std::string outcome = call("DeleteStorageHardwareID", "HardwareID@" + fcID(id));
         for (const std::string& host : HOSTS)
             if (changes() ==
                 std::vector<std::string>{"api_removePath host " + host + ": without path " + id})

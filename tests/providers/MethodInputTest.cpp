@@ -166,6 +166,91 @@ TEST_P(MethodInputTest, aReferenceHasToNameAnObjectOfThisSystem) {
     }
 }
 
+/// What a call with parameters that make no sense ends with, and the line that it logs if any.
+struct Refusal {
+    const char* method;
+    std::string parameters, outcome, log;
+};
+
+const char* const CREATE = METHODS[0].name;
+const char* const DELETE = METHODS[1].name;
+const char* const CREATE_HOST = METHODS[2].name;
+const char* const ADD = METHODS[3].name;
+const char* const SET_CHAP = METHODS[4].name;
+const char* const REMOVE_CHAP = METHODS[5].name;
+const std::string TYPES = "IDType must be PortWWN or iscsiName";
+const std::string NO_STORAGE_ID =
+    "StorageID is mandatory. To create host without specifying StorageID, use "
+    "CreateHardwareIDCollection instead";
+const std::string NO_PERSONA = "QRV_StorageClientSettingData.InstanceID=\"ORVELIS:OTHER-1\"";
+const std::string NO_PREFIX = "QRV_StorageHardwareID.InstanceID=\"FC-" + A + "\"";
+const std::string HERE = "root/qrv:", NOBODY = collectionOf("");
+const std::string IN_NOBODY = "Collection@" + NOBODY, IN_H = "Collection@" + collectionOf("h");
+const std::string NO_HOST = "5 invalid StorageHardwareIDCollection path " + HERE + NOBODY;
+
+const Refusal REFUSALS[] = {
+    {CREATE, "", "5 Invalid number of parameters", " Invalid number of parameters"},
+    {CREATE, "IDType#3 NoSuch=x", "4097 " + TYPES, TYPES},
+    {CREATE, "NoSuch=x IDType#3", "5 Invalid parameter NoSuch", ""},
+    {CREATE, "StorageID=5 HardwareID=x", "5 Invalid parameter HardwareID", ""},
+    {CREATE, "ElementName=x", "5 " + NO_STORAGE_ID, NO_STORAGE_ID},
+    {CREATE, "StorageID= IDType#2", "5 " + NO_STORAGE_ID, NO_STORAGE_ID},
+    {CREATE, "StorageID=5 OtherIDType#1", "5 IDType is mandatory", " IDType is mandatory"},
+    {CREATE, "Setting@" + NO_PERSONA, "5 Invalid Setting parameter " + HERE + NO_PERSONA,
+     "\tInput is Invalid Setting!"},
+    {CREATE, "Setting@" + setting("x"), "5 Invalid Setting parameter " + HERE + setting("x"),
+     "\tInput is Invalid Setting!"},
+    {CREATE, "StorageID=iqn.a IDType#2", "5 Invalid WWN for an FC path, StorageID iqn.a",
+     "Invalid WWN for an FC path, StorageID = iqn.a"},
+    {CREATE, "IDType#2 StorageID=0" + A, "5 Invalid WWN for an FC path, StorageID 0" + A,
+     "Invalid WWN for an FC path, StorageID = 0" + A},
+    {DELETE, "", "5  Invalid number of parameters", " Invalid number of parameters"},
+    {DELETE, "HardwareID!", "5 HardwareID is mandatory", " HardwareID is mandatory"},
+    {DELETE, "HardwareID@" + fcID(""), "5 invalid HardwareID path " + HERE + fcID(""),
+     " invalid HardwareID path"},
+    {DELETE, "HardwareID@" + NO_PREFIX, "5 invalid HardwareID path " + HERE + NO_PREFIX,
+     " invalid HardwareID path"},
+    {CREATE_HOST, "", "5  Invalid number of parameters", " Invalid number of parameters"},
+    {CREATE_HOST, "HardwareIDs[]", "5 ElementName is mandatory", " ElementName is mandatory"},
+    {CREATE_HOST, "ElementName= Setting@" + setting("0"), "5 ElementName is mandatory",
+     " ElementName is mandatory"},
+    {CREATE_HOST, "ElementName=n HardwareIDs[junk] Setting@" + setting("0"),
+     "5 Invalid Setting parameter " + HERE + setting("0"), "\tInput is Invalid Setting!"},
+    {ADD, "", "5  Invalid number of parameters", " Invalid number of parameters"},
+    {ADD, "HardwareIDs[]", "5 Collection is mandatory", " Collection is mandatory"},
+    {ADD, IN_NOBODY, NO_HOST, " invalid collection path"},
+    {ADD, IN_H, "5 HardwareIDs is mandatory", " HardwareIDs is mandatory"},
+    {ADD, IN_H + " HardwareIDs[]", "5 HardwareIDs is mandatory", " HardwareIDs is mandatory"},
+    {SET_CHAP, "", "5  Invalid number of parameters", " Invalid number of parameters"},
+    {SET_CHAP, "InitiatorSecretType#2 NoSuch=x", "5 invalid InitiatorSecretType value",
+     "Invalid InitiatorSecretType"},
+    {SET_CHAP, "InitiatorSecret=short TargetSecretType#2", "5 invalid TargetSecretType value",
+     "Invalid TargetSecretType"},
+    {SET_CHAP, "InitiatorSecret=short", "5 Collection is mandatory", " Collection is mandatory"},
+    {SET_CHAP, IN_NOBODY + " InitiatorSecret= TargetSecret= TargetCHAPName=x",
+     "5 Secret is mandatory", " Secret is mandatory"},
+    {SET_CHAP, IN_NOBODY + " InitiatorSecret=twelve_chars", NO_HOST, " invalid collection path"},
+    {REMOVE_CHAP, "", "5  Invalid number of parameters", " Invalid number of parameters"},
+    {REMOVE_CHAP, "RemovalScope#0 NoSuch=x", "5 invalid RemovalScope value",
+     "Invalid RemovalScope"},
+    {REMOVE_CHAP, IN_H + " RemovalScope#3", "5 invalid RemovalScope value", "Invalid RemovalScope"},
+    {REMOVE_CHAP, "RemovalScope#1", "5 Collection is mandatory", " Collection is mandatory"},
+    {REMOVE_CHAP, IN_NOBODY, NO_HOST, " invalid collection path"}};
+
+class RefusalTest : public MethodTest {};
+
+TEST_F(RefusalTest, badParametersNeverReachTheArray) {
+    for (const Refusal& each : REFUSALS) {
+        SCOPED_TRACE(each.method + (" " + each.parameters));
+        control::resetCounters();
+        control::recordCalls(true);
+        EXPECT_EQ(call(each.method, each.parameters), each.outcome);
+        const std::vector<std::string> line{"2 " + each.log + "\n"};
+        EXPECT_EQ(logged(), each.log.empty() ? std::vector<std::string>() : line);
+        EXPECT_EQ(control::callCount("cim_sem_wait"), 0U);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Methods, MethodInputTest, testing::ValuesIn(METHODS),
                          [](const auto& method) { return method.param.name; });
 

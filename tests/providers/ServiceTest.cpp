@@ -158,7 +158,7 @@ TEST_F(ServiceTest, rightsComeBeforeTheObjectAndTheObjectBeforeTheMethod) {
             << each.user << " " << each.method << " " << each.path;
     for (const int code : std::vector<int>{API_CIMUSER_AUTHORIZATION_USER_NOTFOUND, 29}) {
         control::failCall("api_authorizeCIMUser", 1, control::Repeat::once, code);
-        EXPECT_EQ(call("NoSuch", {}), code == 29 ? NO_GENERIC : NO_RIGHT) << code;
+        EXPECT_EQ(call("NoSuch", ""), code == 29 ? NO_GENERIC : NO_RIGHT) << code;
     }
     EXPECT_THAT(control::events(), testing::IsEmpty());
 }
@@ -169,7 +169,7 @@ TEST_F(ServiceTest, methodNamesCountInAnyCaseAndRightsInLowerCase) {
           "addHardwareIDsToCollection", "SETiscsiCHAP", "removeISCSIchap"}) {
         control::resetCounters();
         control::recordCalls(true);
-        EXPECT_THAT(call(method, {}), testing::MatchesRegex("5  ?Invalid number of parameters"));
+        EXPECT_THAT(call(method, ""), testing::MatchesRegex("5  ?Invalid number of parameters"));
         const std::vector<control::CallRecord> calls = control::calls();
         ASSERT_EQ(calls.size(), 2U);
         EXPECT_EQ(calls[0].function, "api_qrvOpenForCimserver");
