@@ -28,7 +28,7 @@ using Answers = std::map<std::string, std::string>;
 /// time-out of the gate counts as "cim_sem_wait"; "deliver" is the handler giving up.
 struct Operation {
     std::string name;
-    const char* provider;
+    std::string provider;
     std::function<void(qrvtest::ModuleProvider&, qrvtest::Recording&)> run;
     Answers answers;
     std::map<int, int> codes = {};  ///< the method's code for one of the array's, where it isn't 4
@@ -50,6 +50,82 @@ constexpr const char* NO_RIGHTS = "2 Insufficient privilege for the user";
 constexpr const char* NO_GENERIC = "7 Does not support in generic!";
 constexpr const char* NOT_FOUND = "6 QRV_StorageHardwareID CIM Object not found.";
 constexpr const char* HUNG_UP = "1 client hung up";
+
+/// The three reads of an instance provider. All fail alike when the array isn't opened.
+Operation get(const char* provider, const std::string& path, Answers answers) {
+    answers.insert({{"api_qrvOpenForCimserver", NO_RIGHTS}, {"deliver", HUNG_UP}});
+    const auto run = [path](CIMInstanceProvider& instances, auto& handler) {
+        instances.getInstance(requestOf("admin"), pathOf(path), false, false, {}, handler);
+    };
+    return {path.substr(0, path.find('.')) + ".getInstance", provider,
+            with<qrvtest::InstanceRecorder>(run), answers};
+}
+
+Operation enumerate(const char* provider, const std::string& className, Answers answers) {
+    answers.insert({{"api_qrvOpenForCimserver", NO_RIGHTS}, {"deliver", HUNG_UP}});
+    const auto run = [className](CIMInstanceProvider& instances, auto& handler) {
+        instances.enumerateInstances(requestOf("admin"), pathOf(className), false, false, {},
+                                     handler);
+    };
+    return {className + ".enumerateInstances", provider, with<qrvtest::InstanceRecorder>(run),
+            answers};
+}
+
+Operation enumerateNames(const char* provider, const std::string& className, Answers answers) {
+    answers.insert({{"api_qrvOpenForCimserver", NO_RIGHTS}, {"deliver", HUNG_UP}});
+    const auto run = [className](CIMInstanceProvider& instances, auto& handler) {
+        instances.enumerateInstanceNames(requestOf("admin"), pathOf(className), handler);
+    };
+    return {className + ".enumerateInstanceNames", provider, with<qrvtest::PathRecorder>(run),
+            answers};
+}
+
+/// The objects associated with one, through this provider.
+Operation associators(const std::string& provider, const std::string& source, Answers answers) {
+    answers.insert({{"api_qrvOpenForCimserver", NO_RIGHTS}, {"deliver", HUNG_UP}});
+    const auto run = [source](qrvtest::ModuleProvider& module, qrvtest::Recording& recording) {
+        qrvtest::ObjectRecorder handler(recording);
+        module.associations().associators(requestOf("admin"), pathOf(source), CIMName(), CIMName(),
+                                          String(), String(), false, false, {}, handler);
+    };
+    return {source.substr(0, source.find('.')) + ".associators_" + provider, provider, run,
+            answers};
+}
+
+/// A change of a host through its collection.
+Operation change(const char* name, const CIMValue& persona, const CIMValue& domain,
+                 Answers answers) {
+    answers.insert({{"api_qrvOpenForCimserver", NO_RIGHTS},
+                    {"api_authorizeCIMUser", NO_GENERIC},
+                    {"api_authorizeCIMUser:1", "2 Insufficient generic privilege"},
+                    {"api_authorizeCIMUser:2", "2 Insufficient generic privilege"}});
+    const auto run = [=](CIMInstanceProvider& instances, auto& handler) {
+        CIMInstance instance(CIMName("QRV_StorageHardwareIDCollection"));
+        instance.addProperty(CIMProperty(CIMName("HostPersonaID"), persona));
+        instance.addProperty(CIMProperty(CIMName("Domain"), domain));
+        instances.modifyInstance(requestOf("admin"), pathOf(qrvtest::collectionOf("beta")),
+                                 instance, false, {}, handler);
+    };
+    return {std::string("QRV_StorageHardwareIDCollection.") + name,
+            "QRV_StorageHardwareIDCollectionProvider", with<qrvtest::InstanceRecorder>(run),
+            answers};
+}
+
+Operation removal() {
+    const auto run = [](CIMInstanceProvider& instances, auto& handler) {
+        instances.deleteInstance(requestOf("admin"), pathOf(qrvtest::collectionOf("bare")),
+                                 handler);
+    };
+    return {"QRV_StorageHardwareIDCollection.deleteInstance",
+            "QRV_StorageHardwareIDCollectionProvider",
+            with<qrvtest::InstanceRecorder>(run),
+            {{"api_qrvOpenForCimserver", NO_RIGHTS},
+             {"api_authorizeCIMUser", NO_GENERIC},
+             {"api_authorizeCIMUser:1", "2 Insufficient generic privilege"},
+             {"api_authorizeCIMUser:2", "2 Insufficient generic privilege"},
+             {"api_removeHost", "1  Failed to remove host, %s"},
+             {"cim_sem_wait", "1  Failed to remove host, Internal error: Semaphore Timed-Out"}}};
+}
 
 /// A method of the hardware ID management service that makes one change by `change`.
 Operation method(const std::string& name, const char* about, const std::string& parameters,
@@ -116,6 +192,59 @@ const Operation OPERATIONS[] = {
       {"cim_sem_wait", EMPTY},
       {"hashtable_put", REPEATED},
       {"deliver", HUNG_UP}}},
+    get("QRV_StorageHardwareIDCollectionProvider", qrvtest::collectionOf("alpha"),
+        {{"api_getHosts", "6 QRV_StorageHardwareIDCollection CIM Object not found."},
+         {"cim_sem_wait", "6 QRV_StorageHardwareIDCollection CIM Object not found."}}),
+    enumerate("QRV_StorageHardwareIDCollectionProvider", "QRV_StorageHardwareIDCollection",
+              {{"api_getHosts", EMPTY}, {"cim_sem_wait", EMPTY}}),
+    enumerateNames("QRV_StorageHardwareIDCollectionProvider", "QRV_StorageHardwareIDCollection",
+                   {{"api_getHosts", EMPTY}, {"cim_sem_wait", EMPTY}}),
+    change("modifyInstance_persona", CIMValue(Uint32(1)), CIMValue(CIMTYPE_STRING, false),
+           {{"api_setHost", "1 QRV_StorageHardwareIDCollection, Setting host persona: %s"},
+            {"cim_sem_wait",
+             "1 QRV_StorageHardwareIDCollection, Setting host persona: Access busy."}}),
+    change(
+        "modifyInstance_domain", CIMValue(Uint32(0)), CIMValue(String("east")),
+        {{"api_setHostDomain", "1 QRV_StorageHardwareIDCollection, Setting host domain:%s"},
+         {"cim_sem_wait", "1 QRV_StorageHardwareIDCollection, Setting host domain:Access busy."}}),
+    removal(),
+    enumerate("QRV_MemberOfStorageHardwareIDCollectionProvider",
+              "QRV_MemberOfStorageHardwareIDCollection",
+              {{"api_getHostPaths", EMPTY}, {"cim_sem_wait", EMPTY}, {"hashtable_put", REPEATED}}),
+    enumerateNames(
+        "QRV_MemberOfStorageHardwareIDCollectionProvider",
+        "QRV_MemberOfStorageHardwareIDCollection",
+        {{"api_getHostPaths", EMPTY}, {"cim_sem_wait", EMPTY}, {"hashtable_put", REPEATED}}),
+    associators(
+        "QRV_MemberOfStorageHardwareIDCollectionProvider", qrvtest::collectionOf("alpha"),
+        {{"api_getHostPaths", EMPTY}, {"cim_sem_wait", EMPTY}, {"hashtable_put", REPEATED}}),
+    associators("QRV_MemberOfStorageHardwareIDCollectionProvider", qrvtest::fcID(KNOWN),
+                {{"api_qrvOpenForCimserver#2", EMPTY},
+                 {"api_qrvOpenForCimserver#3", EMPTY},
+                 {"api_getHostPaths", EMPTY},
+                 {"api_getHosts", EMPTY},
+                 {"cim_sem_wait", EMPTY},
+                 {"hashtable_put", UNCHANGED}}),
+    get("QRV_StorageClientSettingDataProvider",
+        "QRV_StorageClientSettingData.InstanceID=\"ORVELIS:PERSONA-2\"",
+        {{"api_getHostPersonaList", "1 %s"},
+         {"cim_sem_wait", "1 Internal error: Semaphore Timed-Out"}}),
+    enumerate("QRV_StorageClientSettingDataProvider", "QRV_StorageClientSettingData",
+              {{"api_getHostPersonaList", "1 %s"},
+               {"cim_sem_wait", "1 Internal error: Semaphore Timed-Out"}}),
+    enumerateNames("QRV_StorageClientSettingDataProvider", "QRV_StorageClientSettingData",
+                   {{"api_getHostPersonaList", EMPTY}, {"cim_sem_wait", EMPTY}}),
+    get("QRV_StorageDomainGroup", "QRV_StorageDomainGroup.InstanceID=\"ORVELIS:coast\"",
+        {{"api_getDomainSets", "6 QRV_StorageDomainGroup CIM Object not found."},
+         {"cim_sem_wait", "6 QRV_StorageDomainGroup CIM Object not found."}}),
+    enumerate("QRV_StorageDomainGroup", "QRV_StorageDomainGroup",
+              {{"api_getDomainSets", EMPTY}, {"cim_sem_wait", EMPTY}}),
+    associators("QRV_HostedStorageHardwareIDCollectionProvider",
+                "QRV_StorageSystem.CreationClassName=\"QRV_StorageSystem\",Name=\"array7\"",
+                {{"api_qrvOpenForCimserver#2", EMPTY},
+                 {"api_getSystemFacts", EMPTY},
+                 {"api_getHosts", EMPTY},
+                 {"cim_sem_wait", EMPTY}}),
     {"QRV_StorageHardwareIDManagementService.enumerateInstances",
      "QRV_StorageHardwareIDManagementServiceProvider",
      with<qrvtest::InstanceRecorder>([](CIMInstanceProvider& provider, auto& handler) {
@@ -228,6 +357,8 @@ class FaultSweepTest : public qrvtest::ModuleTest, public testing::WithParamInte
     std::string expectedAnswer(const Fault& fault) const {
         const std::string answer = documented(fault);
         if (answer == REFUSED) return refusal(fault.code);
+        if (const auto text = answer.find("%s"); text != std::string::npos)
+            return std::string(answer).replace(text, 2, arrayText(fault.code));
         return answer == UNCHANGED || answer == REPEATED ? _clean : answer;
     }
 
