@@ -55,13 +55,10 @@ CIMProvider* createFromModule(const std::string& name) {
 }
 
 ModuleProvider::ModuleProvider(const std::string& name, cimserver::LocalServer& server)
-    : _handle(&server), _provider(createFromModule(name)) {
+    : _handle(&server),
+      _provider(createFromModule(name), [](CIMProvider* provider) { provider->terminate(); }) {
     if (_provider == nullptr) throw std::invalid_argument("the module has no " + name);
     _provider->initialize(_handle);
-}
-
-ModuleProvider::~ModuleProvider() {
-    _provider->terminate();
 }
 
 CIMInstanceProvider& ModuleProvider::instances() {

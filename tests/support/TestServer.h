@@ -35,7 +35,6 @@ Pegasus::OperationContext requestOf(const std::string& user);
 class ModuleProvider {
   public:
     ModuleProvider(const std::string& name, cimserver::LocalServer& server);
-    ~ModuleProvider();
     ModuleProvider(const ModuleProvider&) = delete;
     ModuleProvider& operator=(const ModuleProvider&) = delete;
 
@@ -45,7 +44,7 @@ class ModuleProvider {
 
   private:
     Pegasus::CIMOMHandle _handle;
-    Pegasus::CIMProvider* _provider;
+    std::unique_ptr<Pegasus::CIMProvider, void (*)(Pegasus::CIMProvider*)> _provider;
 };
 
 /// Asks the module's entry for a provider; null when it has none of that name.
