@@ -90,8 +90,8 @@ void Array<T>::reserveCapacity(Uint32 capacity) {
 
 template <class T>
 void Array<T>::grow(Uint32 n, const T& x) {
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): `x` may be an element of this
-    // array
+    // `x` may be an element of this array.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const T value(x);
     makeRoomFor(n);
     std::uninitialized_fill_n(items(_buffer) + size(), n, value);

@@ -309,7 +309,8 @@ void CIMObjectPath::set(const String& host, const CIMNamespaceName& nameSpace,
 }
 
 void CIMObjectPath::set(const String& objectName) {
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it may be part of this path
+    // It may be part of this path.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const String text = objectName;
     clear();
     _rep = readObjectPath(text);
