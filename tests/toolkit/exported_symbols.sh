@@ -2,11 +2,16 @@
 # The module exports its entry, the toolkit and the builders that siblings call, and nothing else.
 # Usage: exported_symbols.sh LIBRARY
 set -euo pipefail
-expected='Pegasus::QRV_Common::buildAssocInstance
+Pegasus::QRV_Common::RCTargetToSysname
+Pegasus::QRV_Common::buildAssocInstance
 Pegasus::QRV_Common::buildAssocPath
 Pegasus::QRV_Common::buildDepAssocInstance
 Pegasus::QRV_Common::buildDepAssocPath
 Pegasus::QRV_Common::buildInstanceSkeleton
+Pegasus::QRV_Common::buildSPCInstance
+Pegasus::QRV_Common::buildSPCInstances
+Pegasus::QRV_Common::buildSPCObjectPath
+Pegasus::QRV_Common::deReferenceSPCDeviceID
 Pegasus::QRV_Common::enumerateInstanceNames
 Pegasus::QRV_Common::extractFromInstanceID
 Pegasus::QRV_Common::fillInVVNames

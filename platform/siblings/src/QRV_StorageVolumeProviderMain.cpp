@@ -1,7 +1,6 @@
 // The library's entry: the CIM server asks it for providers by name.
 
-#include <Pegasus/Provider/CIMProvider.h>
-
+#include "ProviderTable.h"
 #include "QRV_InternalCacheProvider.h"
 #include "QRV_SystemElementProvider.h"
 
@@ -9,12 +8,7 @@ PEGASUS_USING_PEGASUS;
 
 namespace {
 
-struct Entry {
-    const char* name;
-    CIMProvider* (*create)();
-};
-
-const Entry PROVIDERS[] = {
+const ProviderEntry PROVIDERS[] = {
     {"QRV_InternalCacheProvider", []() -> CIMProvider* { return new QRV_InternalCacheProvider(); }},
     {"QRV_StorageSystemProvider",
      []() -> CIMProvider* { return new QRV_SystemElementProvider(STORAGE_SYSTEM); }},
@@ -31,7 +25,5 @@ const Entry PROVIDERS[] = {
 extern "C" PEGASUS_EXPORT CIMProvider* PegasusCreateProvider(const String& name);
 
 CIMProvider* PegasusCreateProvider(const String& name) {
-    for (const Entry& entry : PROVIDERS)
-        if (String::equalNoCase(name, entry.name)) return entry.create();
-    return nullptr;
+    return createProvider(PROVIDERS, name);
 }

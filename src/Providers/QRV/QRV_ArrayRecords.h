@@ -68,6 +68,13 @@ using PersonaList = OwnedList<api_hostpersonalist_t, api_freeHostPersonas>;
 /// The answer of api_getDomainSets.
 using SetList = OwnedList<api_setlist, api_freeSets>;
 
+/// A question about VLUNs with its answer, and what a walk over them carries.
+using VlunQuery = OwnedList<api_VLUNsInfo, api_freeVLUNs>;
+using VlunWalkData = OwnedList<api_spc_param_data, api_freeSPCParamData>;
+
+/// The answer of api_getISCSIPorts.
+using ISCSIPorts = RecordBlock<api_ISCSIPort_t>;
+
 /// The answer of api_getHostPaths.
 using HardwareIDRecords = RecordBlock<api_hardwareID_t>;
 

@@ -19,13 +19,19 @@ void traceRequest(const AssociationRequest& request) {
 bool beginAssociation(const ProviderFrame& frame, const AssociationRules& rules, int refusalLevel,
                       const OperationContext& context, const AssociationRequest& request,
                       Uint32 line) {
-    traceRequest(request);
-    openArray(frame, context, line);
-    if (!isRefused(rules, request)) return true;
+    if (openAssociation(frame, rules, context, request, line)) return true;
     log_message(refusalLevel, "%s::%s: invalid params: resultClass = %s \n", frame.provider,
                 request.operation,
                 static_cast<const char*>(request.resultClass.getString().getCString()));
     return false;
+}
+
+bool openAssociation(const ProviderFrame& frame, const AssociationRules& rules,
+                     const OperationContext& context, const AssociationRequest& request,
+                     Uint32 line) {
+    traceRequest(request);
+    openArray(frame, context, line);
+    return !isRefused(rules, request);
 }
 
 bool sourceExists(CIMOMHandle& cimom, const OperationContext& context,

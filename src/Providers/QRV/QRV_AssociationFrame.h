@@ -15,6 +15,10 @@ bool beginAssociation(const ProviderFrame&, const AssociationRules&, int refusal
                       const OperationContext&, const AssociationRequest&,
                       Uint32 line = __builtin_LINE());
 
+/// The same without the log line, for a class that words its own.
+bool openAssociation(const ProviderFrame&, const AssociationRules&, const OperationContext&,
+                     const AssociationRequest&, Uint32 line = __builtin_LINE());
+
 /// Asks the server for the source object. Returns false, with a log line of `level` that is `text`
 /// with the path in it, when there is none. Exceptions that aren't the CIM server's pass.
 bool sourceExists(CIMOMHandle&, const OperationContext&, const CIMObjectPath& objectName, int level,

@@ -243,6 +243,46 @@ class PEGASUS_EXPORT QRV_Common {
     /// The process's limit on address space, in millions of bytes, times `th_scale`, in 32 bits.
     static Uint32 getInstanceThreshold(Uint32 th_scale);
 
+    // ---- Protocol controllers ------------------------------------------------------------------
+
+    /// Takes the DeviceID of a controller apart: the kind of VLUN behind it, its host's name, which
+    /// the array is asked for, and its port. What the text doesn't tell is 0 for an unknown prefix,
+    /// empty and QRV_NO_PORT; without a colon `vlunType` stays as it was. With `isISCSINode` the
+    /// text is the DeviceID of an iSCSI port instead, and `portLPID` becomes that port. Failures of
+    /// the array leave host and port untold.
+    static void deReferenceSPCDeviceID(String& deviceID, Uint32& vlunType, String& host,
+                                       lpid_t& portLPID, Boolean isISCSINode);
+
+    /// The path of a controller of class `className`.
+    static CIMObjectPath buildSPCObjectPath(String systemClass, const String& hostAddr,
+                                            const String& sysName, const String& deviceID,
+                                            CIMName className);
+
+    /// The controller that a VLUN makes, with its path. The record stays the caller's.
+    static CIMInstance buildSPCInstance(String systemClass, CIMClass scsiControllerClass,
+                                        api_vlun_t* curVlunPtr, const String& sysName,
+                                        const String& hostAddr);
+
+    /// Reads the next `chunk_size` controllers of a walk, or all the rest when that is 0, and
+    /// appends those of class `className` (QRV_SCSIController or QRV_iSCSIController). When
+    /// `instanceReference` has a class, only the one that it names by its DeviceID, in any case, is
+    /// appended. The caller owns `spcParam` and `*cursor_id` and repeats the call until the cursor
+    /// is 0 again. `maxInstCount` has no effect.
+    ///
+    /// A failed read is logged and appends nothing; with a `chunk_size` it ends the walk:
+    /// `spcParam` is released, and unless the cursor is 0 CIMException CIM_ERR_INVALID_PARAMETER is
+    /// thrown. Exceptions while instances are built pass, with `spcParam` released.
+    static void buildSPCInstances(CIMOMHandle& cimom, const OperationContext& context,
+                                  const CIMObjectPath& instanceReference, String& systemName,
+                                  String& hostAddr, CIMName className, Boolean includeQualifiers,
+                                  Boolean includeClassOrigin, const CIMPropertyList& propertyList,
+                                  Uint32 maxInstCount, Array<CIMInstance>& controllerInsts,
+                                  api_spc_param_data* spcParam, Uint32* cursor_id,
+                                  Uint32 chunk_size);
+
+    /// The name of the array behind a target of remote copy; empty when there is no such target.
+    static String RCTargetToSysname(const api_rcopy_t& rcopy, const String& targetName);
+
     // ---- Events --------------------------------------------------------------------------------
 
     /// Fills the record that goes with every call that changes the array. Texts are cut to fit,

@@ -20,6 +20,10 @@ IdentityContainer requester(const OperationContext& context) {
     throw TraceableCIMException(code, text, frame.provider, line);
 }
 
+bool isServed(const ProviderFrame& frame, const CIMName& className) {
+    return className.equal(frame.cimClass) || className.equal(frame.qrvClass);
+}
+
 }  // namespace
 
 void openArray(const ProviderFrame& frame, const OperationContext& context, Uint32 line) {
@@ -45,9 +49,16 @@ void authorize(const ProviderFrame& frame, const OperationContext& context,
 }
 
 void checkClass(const ProviderFrame& frame, const CIMName& className) {
-    if (className.equal(frame.cimClass) || className.equal(frame.qrvClass)) return;
+    if (isServed(frame, className)) return;
     throw CIMNotSupportedException(String(frame.className) + " Invalid class name" +
                                    className.getString());
+}
+
+void checkClassLoudly(const ProviderFrame& frame, const CIMName& className, const char* text) {
+    if (!isServed(frame, className))
+        log_message(2, "%s::%s = %s\n", frame.provider, text,
+                    static_cast<const char*>(className.getString().getCString()));
+    checkClass(frame, className);
 }
 
 void checkKeyCount(const ProviderFrame& frame, const CIMObjectPath& instanceName) {

@@ -35,6 +35,9 @@ void authorize(const ProviderFrame&, const OperationContext&, const CIMName& cla
 /// Throws CIMNotSupportedException unless the class is one of the two that the provider serves.
 void checkClass(const ProviderFrame&, const CIMName& className);
 
+/// The same with a log line first: the provider, `text` and the class.
+void checkClassLoudly(const ProviderFrame&, const CIMName& className, const char* text);
+
 /// Throws CIMInvalidParameterException, with a log line, when the path of a getInstance has another
 /// number of keys than the class.
 void checkKeyCount(const ProviderFrame&, const CIMObjectPath& instanceName);

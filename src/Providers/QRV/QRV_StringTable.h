@@ -5,6 +5,18 @@
 
 namespace Pegasus {
 
+/// A provider's table; null when there is no memory for it. It goes back to deleteStringTable().
+inline hashtable_t* createStringTable() {
+    hashtable_t* const table = create_string_hashtable(500, 0.75f);
+    if (table != nullptr) set_invalid_value(table, 0);
+    return table;
+}
+
+/// Null is allowed.
+inline void deleteStringTable(hashtable_t* table) {
+    if (table != nullptr) delete_hashtable(table);
+}
+
 /// One scan over a provider's table: locks it, and clears and unlocks it when the scope ends. Scans
 /// of one table run one after another. A table lock is taken before the access semaphore, never
 /// after it.

@@ -188,12 +188,11 @@ void QRV_StorageHardwareIDProvider::initialize(CIMOMHandle& cimom) {
     _stringHashTable = nullptr;
     _cimom = cimom;
     _nodeAddress = QRV_Common::getSystemHostName(cimom);
-    _stringHashTable = create_string_hashtable(500, 0.75f);
-    if (_stringHashTable != nullptr) set_invalid_value(_stringHashTable, 0);
+    _stringHashTable = createStringTable();
 }
 
 void QRV_StorageHardwareIDProvider::terminate() {
-    if (_stringHashTable != nullptr) delete_hashtable(_stringHashTable);
+    deleteStringTable(_stringHashTable);
     delete this;
 }
 
