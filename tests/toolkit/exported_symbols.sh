@@ -2,6 +2,11 @@
 # The module exports its entry, the toolkit and the builders that siblings call, and nothing else.
 # Usage: exported_symbols.sh LIBRARY
 set -euo pipefail
+expected='Pegasus::QRV_AuthorizedPrivilegeProvider::buildInstance
+Pegasus::QRV_AuthorizedPrivilegeProvider::buildInstanceID
+Pegasus::QRV_AuthorizedPrivilegeProvider::buildInstanceName
+Pegasus::QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances
+Pegasus::QRV_AuthorizedPrivilegeProvider::deReferenceInstanceID
 Pegasus::QRV_Common::RCTargetToSysname
 Pegasus::QRV_Common::buildAssocInstance
 Pegasus::QRV_Common::buildAssocPath
@@ -59,6 +64,15 @@ Pegasus::QRV_Common::setPolicy
 Pegasus::QRV_Common::setPropertyValue
 Pegasus::QRV_Common::setPropertyValueToNull
 Pegasus::QRV_Common::verifyRefMethodParam
+Pegasus::QRV_PrivilegeForSCSIControllerProvider::buildAssociationInstances
+Pegasus::QRV_PrivilegeForSCSIControllerProvider::getRelatedInstances
+Pegasus::QRV_SPCAssociatedPrivilegeProvider::buildAssociationInstance
+Pegasus::QRV_SPCAssociatedPrivilegeProvider::buildInstanceName
+Pegasus::QRV_SPCAssociatedPrivilegeProvider::buildUseKey
+Pegasus::QRV_SPCAssociatedPrivilegeProvider::deReferenceUseKey
+Pegasus::QRV_SPCAssociatedPrivilegeProvider::deliverAssociationInstance
+Pegasus::QRV_SPCAssociatedPrivilegeProvider::getAssociatedHWIDInstIDs
+Pegasus::QRV_SPCAssociatedPrivilegeProvider::getRelatedInstances
 Pegasus::QRV_StorageClientSettingDataProvider::buildInstance
 Pegasus::QRV_StorageClientSettingDataProvider::buildObjectPath
 Pegasus::QRV_StorageClientSettingDataProvider::extractPersonaNumber

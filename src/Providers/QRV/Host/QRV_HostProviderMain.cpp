@@ -3,15 +3,24 @@
 #include <Pegasus/Provider/CIMProvider.h>
 #include <qrvapi.h>
 
+#include "QRV_AuthorizedPrivilegeProvider.h"
 #include "QRV_HostedStorageDomainGroup.h"
 #include "QRV_HostedStorageHardwareIDCollectionProvider.h"
 #include "QRV_MemberOfStorageHardwareIDCollectionProvider.h"
+#include "QRV_MgmtServiceForAuthorizedPrivilege.h"
+#include "QRV_PrivilegeForSCSIControllerProvider.h"
+#include "QRV_PrivilegeForStorageHardwareIDCollectionProvider.h"
+#include "QRV_PrivilegeForStorageHardwareIDProvider.h"
+#include "QRV_PrivilegeForiSCSIControllerProvider.h"
+#include "QRV_PrivilegeMgmtServiceProvider.h"
+#include "QRV_SPCAssociatedPrivilegeProvider.h"
 #include "QRV_StorageClientSettingDataProvider.h"
 #include "QRV_StorageDomainGroup.h"
 #include "QRV_StorageHardwareIDCollectionProvider.h"
 #include "QRV_StorageHardwareIDManagementServiceProvider.h"
 #include "QRV_StorageHardwareIDProvider.h"
 #include "QRV_SystemClientSettingDataProvider.h"
+#include "QRV_iSPCAssociatedPrivilegeProvider.h"
 
 PEGASUS_USING_PEGASUS;
 
@@ -36,6 +45,17 @@ constexpr Entry PROVIDERS[] = {
      create<QRV_HostedStorageHardwareIDCollectionProvider>},
     {"QRV_StorageHardwareIDManagementServiceProvider",
      create<QRV_StorageHardwareIDManagementServiceProvider>},
+    {"QRV_AuthorizedPrivilegeProvider", create<QRV_AuthorizedPrivilegeProvider>},
+    {"QRV_PrivilegeForStorageHardwareIDProvider",
+     create<QRV_PrivilegeForStorageHardwareIDProvider>},
+    {"QRV_PrivilegeForSCSIControllerProvider", create<QRV_PrivilegeForSCSIControllerProvider>},
+    {"QRV_PrivilegeMgmtServiceProvider", create<QRV_PrivilegeMgmtServiceProvider>},
+    {"QRV_MgmtServiceForAuthorizedPrivilege", create<QRV_MgmtServiceForAuthorizedPrivilege>},
+    {"QRV_PrivilegeForiSCSIControllerProvider", create<QRV_PrivilegeForiSCSIControllerProvider>},
+    {"QRV_PrivilegeForStorageHardwareIDCollectionProvider",
+     create<QRV_PrivilegeForStorageHardwareIDCollectionProvider>},
+    {"QRV_SPCAssociatedPrivilegeProvider", create<QRV_SPCAssociatedPrivilegeProvider>},
+    {"QRV_iSPCAssociatedPrivilegeProvider", create<QRV_iSPCAssociatedPrivilegeProvider>},
     {"QRV_StorageClientSettingDataProvider", create<QRV_StorageClientSettingDataProvider>},
     {"QRV_SystemClientSettingDataProvider", create<QRV_SystemClientSettingDataProvider>},
     {"QRV_StorageDomainGroup", create<QRV_StorageDomainGroup>},

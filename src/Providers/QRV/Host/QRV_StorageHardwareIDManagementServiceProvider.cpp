@@ -2,8 +2,9 @@
 
 #include <Pegasus/Provider/ProviderException.h>
 
-#include "../QRV_Common.h"
+#include "../QRV_StoredClass.h"
 #include "../QRV_WriteFrame.h"
+#include "QRV_ManagementService.h"
 
 namespace Pegasus {
 
@@ -17,17 +18,7 @@ constexpr ProviderFrame FRAME{"QRV_StorageHardwareIDManagementService",
                               " Expect four keys."};
 
 const CIMName SERVICE_CLASS("QRV_StorageHardwareIDManagementService");
-const CIMName SYSTEM_CREATION_CLASS_NAME("SystemCreationClassName");
-const CIMName SYSTEM_NAME("SystemName");
-const CIMName CREATION_CLASS_NAME("CreationClassName");
 const CIMName NAME("Name");
-const String SYSTEM_CLASS("QRV_StorageSystem");
-
-/// A text that the array gives in a buffer of 256 bytes, or nothing when it can't.
-String arrayText(int (*read)(char*)) {
-    char text[256] = {};
-    return read(text) == 0 ? String(text) : String();
-}
 
 }  // namespace
 
@@ -159,33 +150,16 @@ void QRV_StorageHardwareIDManagementServiceProvider::_buildInstanceName() {
                                                    QRV_Common::getSystemObjectPath(_cimom), NAME);
     systemName.get(_systemName);
     _name = "ORVELIS_StorageHardwareIDManagementService";
-    Array<CIMKeyBinding> keys;
-    const auto appendKey = [&](const CIMName& name, const String& value) {
-        keys.append(CIMKeyBinding(name, value, CIMKeyBinding::STRING));
-    };
-    appendKey(SYSTEM_CREATION_CLASS_NAME, SYSTEM_CLASS);
-    appendKey(SYSTEM_NAME, _systemName);
-    appendKey(CREATION_CLASS_NAME, SERVICE_CLASS.getString());
-    appendKey(NAME, _name);
-    _instanceName = CIMObjectPath(_systemAddress, QRV_NAMESPACE, SERVICE_CLASS, keys);
+    _instanceName = ServiceIdentity{SERVICE_CLASS, _systemName, _name}.path(_systemAddress);
 }
 
 CIMInstance QRV_StorageHardwareIDManagementServiceProvider::_buildInstance(
     Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    const String ownerContact = arrayText(api_getSystemContact);
-    const String ownerName = arrayText(api_getOwnerName);
+    const ServiceOwner owner = readServiceOwner();
     CIMClass serviceClass =
-        QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, SERVICE_CLASS,
-                                      false, includeQualifiers, includeClassOrigin, propertyList);
+        storedClass(_cimom, SERVICE_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
     CIMInstance instance = QRV_Common::buildInstanceSkeleton(serviceClass);
-    QRV_Common::setPropertyValue(instance, SYSTEM_CREATION_CLASS_NAME, SYSTEM_CLASS);
-    QRV_Common::setPropertyValue(instance, SYSTEM_NAME, _systemName);
-    QRV_Common::setPropertyValue(instance, CREATION_CLASS_NAME, SERVICE_CLASS.getString());
-    QRV_Common::setPropertyValue(instance, NAME, _name);
-    QRV_Common::setPropertyValue(instance, CIMName("PrimaryOwnerContact"), ownerContact);
-    QRV_Common::setPropertyValue(instance, CIMName("PrimaryOwnerName"), ownerName);
-    QRV_Common::setPropertyValue(instance, CIMName("Started"), Boolean(true));
-    QRV_Common::setPropertyValue(instance, CIMName("StartMode"), String("Automatic"));
+    describeService(instance, {SERVICE_CLASS, _systemName, _name}, owner);
     instance.setPath(_instanceName);
     return instance;
 }

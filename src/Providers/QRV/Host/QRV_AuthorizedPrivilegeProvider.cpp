@@ -1,0 +1,234 @@
+#include "QRV_AuthorizedPrivilegeProvider.h"
+
+#include <Pegasus/Provider/ProviderException.h>
+
+#include "../QRV_StoredClass.h"
+#include "../QRV_StringTable.h"
+#include "../QRV_VlunWalk.h"
+#include "QRV_PrivilegeKey.h"
+#include "QRV_SPCAssociatedPrivilegeProvider.h"
+
+namespace Pegasus {
+
+namespace {
+
+constexpr ProviderFrame FRAME{"QRV_AuthorizedPrivilege",
+                              "QRV_AuthorizedPrivilegeProvider",
+                              "CIM_AuthorizedPrivilege",
+                              "QRV_AuthorizedPrivilege",
+                              1,
+                              " Expect only one key."};
+
+const CIMName PRIVILEGE_CLASS("QRV_AuthorizedPrivilege");
+const CIMName DESCRIPTION("Description");
+const CIMName ELEMENT_NAME("ElementName");
+const CIMName INSTANCE_ID("InstanceID");
+
+/// Where the privileges of a walk go: to the client, or into a list.
+class Receiver {
+  public:
+    Receiver(void* handler, bool paths, Array<CIMInstance>& instances)
+        : _instanceHandler(paths ? nullptr : static_cast<InstanceResponseHandler*>(handler)),
+          _pathHandler(paths ? static_cast<ObjectPathResponseHandler*>(handler) : nullptr),
+          _instances(instances) {}
+
+    void take(const CIMInstance& privilege) {
+        if (_instanceHandler != nullptr)
+            _instanceHandler->deliver(privilege);
+        else if (_pathHandler != nullptr)
+            _pathHandler->deliver(privilege.getPath());
+        else
+            _instances.append(privilege);
+    }
+
+  private:
+    InstanceResponseHandler* _instanceHandler;
+    ObjectPathResponseHandler* _pathHandler;
+    Array<CIMInstance>& _instances;
+};
+
+/// A template of a volume set without members exports nothing that could be accessed.
+bool isEmptyTemplate(const api_vlun_t& vlun) {
+    return vlun.isTemplate != 0 && vlun.isempty_vvset != 0;
+}
+
+bool isWanted(const String& hwidInstID, const String& wanted) {
+    return wanted.size() == 0 || wanted == QRV_Common::extractFromInstanceID(hwidInstID);
+}
+
+}  // namespace
+
+QRV_AuthorizedPrivilegeProvider::QRV_AuthorizedPrivilegeProvider() : _stringHashTable(nullptr) {}
+
+QRV_AuthorizedPrivilegeProvider::QRV_AuthorizedPrivilegeProvider(const CIMObjectPath&)
+    : _stringHashTable(nullptr) {
+    refuseObjectPathConstructor(FRAME);
+}
+
+QRV_AuthorizedPrivilegeProvider::~QRV_AuthorizedPrivilegeProvider() = default;
+
+void QRV_AuthorizedPrivilegeProvider::initialize(CIMOMHandle& cimom) {
+    const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::initialize(cimom)");
+    _stringHashTable = nullptr;
+    _cimom = cimom;
+    _nodeAddress = QRV_Common::getSystemHostName(cimom);
+    _systemName = QRV_Common::getSystemName(cimom);
+    _stringHashTable = createStringTable();
+}
+
+void QRV_AuthorizedPrivilegeProvider::terminate() {
+    deleteStringTable(_stringHashTable);
+    delete this;
+}
+
+void QRV_AuthorizedPrivilegeProvider::getInstance(const OperationContext& context,
+                                                  const CIMObjectPath& instanceReference,
+                                                  const Boolean, const Boolean,
+                                                  const CIMPropertyList&,
+                                                  InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::getInstance()");
+    openArray(FRAME, context);
+    checkClass(FRAME, instanceReference.getClassName());
+    checkKeyCount(FRAME, instanceReference);
+    Array<CIMInstance> found;
+    _buildInstances(instanceReference, context, false, false, CIMPropertyList(), found, nullptr, 0);
+    deliverFound(FRAME, found, handler);
+}
+
+void QRV_AuthorizedPrivilegeProvider::enumerateInstances(const OperationContext& context,
+                                                         const CIMObjectPath& classReference,
+                                                         const Boolean includeQualifiers,
+                                                         const Boolean includeClassOrigin,
+                                                         const CIMPropertyList& propertyList,
+                                                         InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::enumerateInstances()");
+    beginEnumeration(FRAME, context, classReference);
+    Array<CIMInstance> none;
+    handler.processing();
+    _buildInstances(CIMObjectPath(), context, includeQualifiers, includeClassOrigin, propertyList,
+                    none, &handler, 0);
+    handler.complete();
+}
+
+void QRV_AuthorizedPrivilegeProvider::enumerateInstanceNames(const OperationContext& context,
+                                                             const CIMObjectPath& classReference,
+                                                             ObjectPathResponseHandler& handler) {
+    const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::enumerateInstanceNames()");
+    beginEnumeration(FRAME, context, classReference);
+    Array<CIMInstance> none;
+    handler.processing();
+    _buildInstances(CIMObjectPath(), context, false, false, InstanceShape().propertyList, none,
+                    &handler, 1);
+    handler.complete();
+}
+
+void QRV_AuthorizedPrivilegeProvider::modifyInstance(const OperationContext&, const CIMObjectPath&,
+                                                     const CIMInstance&, const Boolean,
+                                                     const CIMPropertyList&, ResponseHandler&) {
+    refuse(FRAME, "modifyInstance");
+}
+
+void QRV_AuthorizedPrivilegeProvider::createInstance(const OperationContext&, const CIMObjectPath&,
+                                                     const CIMInstance&,
+                                                     ObjectPathResponseHandler&) {
+    refuse(FRAME, "createInstance");
+}
+
+void QRV_AuthorizedPrivilegeProvider::deleteInstance(const OperationContext&, const CIMObjectPath&,
+                                                     ResponseHandler&) {
+    refuse(FRAME, "deleteInstance");
+}
+
+/// All privileges, or those that `classReference` narrows them to when it has a class. A key that
+/// isn't a privilege's names none.
+void QRV_AuthorizedPrivilegeProvider::_buildInstances(
+    const CIMObjectPath& classReference, const OperationContext&, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList, Array<CIMInstance>& instances,
+    void* handler, int isdeliverPath) {
+    String hwidInstID, spcDeviceID;
+    VlunFilter filter;
+    if (!classReference.getClassName().isNull()) {
+        String instanceID = QRV_Common::getStringProperty(classReference, "InstanceID");
+        deReferenceInstanceID(instanceID, hwidInstID, spcDeviceID);
+        if (hwidInstID.size() == 0) return;
+        filter = filterOf(spcDeviceID);
+        log_message(4, "vlunType = %u, host = %s\n", filter.vlunType,
+                    static_cast<const char*>(filter.host.getCString()));
+    }
+    Array<String> hostNames;
+    buildOrDeliverInstances(_cimom, _nodeAddress, hostNames, _stringHashTable, instances,
+                            includeQualifiers, includeClassOrigin, propertyList, filter.host,
+                            filter.vlunType, filter.portLPID, hwidInstID, handler, isdeliverPath);
+}
+
+void QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
+    CIMOMHandle& cimom, String& nodeAddress, Array<String>& hostNames, hashtable_t* stringHashTable,
+    Array<CIMInstance>& instances, Boolean includeQualifiers, Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, String host, unsigned int vlunType, lpid_t portLPID,
+    String hwInstID, void* handler, int isdeliverPath) {
+    const OperationTrace trace("QRV_AuthorizedPrivilege::buildOrDeliverInstances()");
+    if (stringHashTable == nullptr) {
+        log_message(2,
+                    "<-- QRV_AuthorizedPrivilege::buildOrDeliverInstances Invalid "
+                    "stringHashTable.\n");
+        return;
+    }
+    CIMClass privilegeClass =
+        storedClass(cimom, PRIVILEGE_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
+    Receiver receiver(handler, isdeliverPath != 0, instances);
+    VlunWalk walk({host, vlunType, portLPID});
+    StringTableScan scan(stringHashTable);
+    const int failed = walk.run([&](api_vlun_t& vlun, api_HostsInfo_t& allHosts) {
+        const api_Host_t* const vlunHost = hostOf(allHosts, vlun);
+        if (isEmptyTemplate(vlun) || vlunHost == nullptr) return;
+        String spcDeviceID(vlun.deviceID);
+        Array<String> hwidInstIDs =
+            QRV_SPCAssociatedPrivilegeProvider::getAssociatedHWIDInstIDs(allHosts, &vlun);
+        for (Uint32 k = 0; k < hwidInstIDs.size(); ++k) {
+            if (!isWanted(hwidInstIDs[k], hwInstID)) continue;
+            if (!scan.isNew(buildInstanceID(spcDeviceID, hwidInstIDs[k]).getCString())) continue;
+            const CIMInstance privilege =
+                buildInstance(privilegeClass, spcDeviceID, hwidInstIDs[k], nodeAddress);
+            hostNames.append(vlunHost->name);
+            receiver.take(privilege);
+        }
+    });
+    if (failed == 0) return;
+    log_message(2,
+                "QRV_AuthorizedPrivilege::buildOrDeliverInstances exception on "
+                "api_getActiveAndTemplateVLUNs_chunk.\n");
+    throw CIMOperationFailedException("Operation failed.");
+}
+
+CIMInstance QRV_AuthorizedPrivilegeProvider::buildInstance(CIMClass& privclass, String& spcDeviceID,
+                                                           String& initiatorID,
+                                                           String& systemAddress) {
+    String instanceID = buildInstanceID(spcDeviceID, initiatorID);
+    CIMInstance instance = QRV_Common::buildInstanceSkeleton(privclass);
+    QRV_Common::setPropertyValue(instance, DESCRIPTION,
+                                 String("AuthorizedPrivilege for SPC ") + spcDeviceID +
+                                     " to StorageHardwareID " + initiatorID);
+    QRV_Common::setPropertyValue(instance, ELEMENT_NAME, spcDeviceID);
+    QRV_Common::setPropertyValue(instance, INSTANCE_ID, instanceID);
+    grantReadAndWrite(instance);
+    instance.setPath(buildInstanceName(systemAddress, instanceID));
+    return instance;
+}
+
+CIMObjectPath QRV_AuthorizedPrivilegeProvider::buildInstanceName(String& nodeAddress,
+                                                                 String& instanceID) {
+    Array<CIMKeyBinding> keys;
+    keys.append(CIMKeyBinding(INSTANCE_ID, instanceID, CIMKeyBinding::STRING));
+    return CIMObjectPath(nodeAddress, QRV_NAMESPACE, PRIVILEGE_CLASS, keys);
+}
+
+String QRV_AuthorizedPrivilegeProvider::buildInstanceID(String& spcDeviceID, String& hwidInstID) {
+    return joinPrivilegeKey(hwidInstID, spcDeviceID);
+}
+
+void QRV_AuthorizedPrivilegeProvider::deReferenceInstanceID(String& instanceID, String& hwidInstID,
+                                                            String& spcDeviceID) {
+    splitPrivilegeKey(instanceID, hwidInstID, spcDeviceID);
+}
+
+}  // namespace Pegasus

@@ -1,0 +1,312 @@
+#include "QRV_PrivilegeForStorageHardwareIDCollectionProvider.h"
+
+#include "../QRV_ArrayGate.h"
+#include "../QRV_AssociationFrame.h"
+#include "../QRV_StoredClass.h"
+#include "../QRV_StringTable.h"
+#include "../QRV_VlunWalk.h"
+#include "QRV_AuthorizedPrivilegeProvider.h"
+#include "QRV_PrivilegeKey.h"
+#include "QRV_StorageHardwareIDCollectionProvider.h"
+
+namespace Pegasus {
+
+namespace {
+
+constexpr ProviderFrame FRAME{"QRV_PrivilegeForStorageHardwareIDCollectionProvider",
+                              "QRV_PrivilegeForStorageHardwareIDCollectionProvider",
+                              "CIM_AuthorizedSubject",
+                              "QRV_PrivilegeForStorageHardwareIDCollection",
+                              2,
+                              " Expect two keys."};
+
+const AssociationRules RULES{
+    {"QRV_AuthorizedPrivilege", "CIM_AuthorizedPrivilege", "CIM_Privilege", "CIM_ManagedElement",
+     "QRV_StorageHardwareIDCollection", "CIM_SystemSpecificCollection", "CIM_Collection"},
+    {"Privilege", "PrivilegedElement"},
+    {"QRV_PrivilegeForStorageHardwareIDCollection", "CIM_AuthorizedSubject"},
+    {"QRV_StorageHardwareIDCollection", "CIM_SystemSpecificCollection", "CIM_Identity",
+     "QRV_AuthorizedPrivilege", "CIM_Privilege", "CIM_AuthorizedPrivilege"},
+    true,
+    {}};
+
+constexpr int REFUSAL_LEVEL = 3;
+
+const CIMName ASSOCIATION("QRV_PrivilegeForStorageHardwareIDCollection");
+const CIMName PRIVILEGE("QRV_AuthorizedPrivilege");
+const CIMName COLLECTION("QRV_StorageHardwareIDCollection");
+
+/// The host whose collection this is.
+String hostOfCollection(const CIMObjectPath& collection) {
+    return QRV_Common::extractFromInstanceID(
+        QRV_Common::getStringProperty(collection, "InstanceID"));
+}
+
+/// The controllers that may be the one in a privilege's InstanceID. Empty when the array refuses.
+VlunQuery controllersOf(const CIMObjectPath& privilege) {
+    String hwidInstID, spcDeviceID;
+    splitPrivilegeKey(QRV_Common::getStringProperty(privilege, "InstanceID"), hwidInstID,
+                      spcDeviceID);
+    VlunQuery query;
+    addFilter(*query.change(), filterOf(spcDeviceID));
+    callArray([&] { return api_getSCSIProtocolControllers(query.change()); });
+    return query;
+}
+
+/// Whether a VLUN of the controller exports to the host.
+bool exportsTo(const CIMObjectPath& privilege, const String& hostName) {
+    const VlunQuery controllers = controllersOf(privilege);
+    for (unsigned int i = 0; i < controllers->count; ++i)
+        if (hostName == controllers->vluns[i].hostname) return true;
+    return false;
+}
+
+}  // namespace
+
+QRV_PrivilegeForStorageHardwareIDCollectionProvider::
+    QRV_PrivilegeForStorageHardwareIDCollectionProvider()
+    : _stringHashTable(nullptr) {}
+
+QRV_PrivilegeForStorageHardwareIDCollectionProvider::
+    ~QRV_PrivilegeForStorageHardwareIDCollectionProvider() = default;
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::initialize(CIMOMHandle& cimom) {
+    const OperationTrace trace(
+        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::initialize(cimom)");
+    _stringHashTable = nullptr;
+    _cimom = cimom;
+    _nodeAddress = QRV_Common::getSystemHostName(cimom);
+    _systemName = QRV_Common::getSystemName(cimom);
+    _stringHashTable = createStringTable();
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::terminate() {
+    deleteStringTable(_stringHashTable);
+    delete this;
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::associators(
+    const OperationContext& context, const CIMObjectPath& objectName,
+    const CIMName& associationClass, const CIMName& resultClass, const String& role,
+    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::associators()");
+    if (!beginAssociation(
+            FRAME, RULES, REFUSAL_LEVEL, context,
+            {"associators", objectName, associationClass, resultClass, role, resultRole}))
+        return;
+    deliverObjects(_getRelatedInstances(objectName, context, includeQualifiers, includeClassOrigin,
+                                        propertyList),
+                   handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::associatorNames(
+    const OperationContext& context, const CIMObjectPath& objectName,
+    const CIMName& associationClass, const CIMName& resultClass, const String& role,
+    const String& resultRole, ObjectPathResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::associatorNames()");
+    if (!beginAssociation(
+            FRAME, RULES, REFUSAL_LEVEL, context,
+            {"associatorNames", objectName, associationClass, resultClass, role, resultRole}))
+        return;
+    deliverPaths(_getRelatedInstanceNames(objectName, context), handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::references(
+    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
+    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDCollectionProvider::references()");
+    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context,
+                          {"references", objectName, CIMName(), resultClass, role, String::EMPTY}))
+        return;
+    deliverObjects(_buildAssociationInstances(objectName, context, includeQualifiers,
+                                              includeClassOrigin, propertyList),
+                   handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::referenceNames(
+    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
+    const String& role, ObjectPathResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::referenceNames()");
+    if (!beginAssociation(
+            FRAME, RULES, REFUSAL_LEVEL, context,
+            {"referenceNames", objectName, CIMName(), resultClass, role, String::EMPTY}))
+        return;
+    handler.processing();
+    const Array<CIMInstance> found =
+        _buildAssociationInstances(objectName, context, false, false, CIMPropertyList());
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
+    handler.complete();
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::getInstance(
+    const OperationContext& context, const CIMObjectPath& instanceName,
+    const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::getInstance()");
+    openArray(FRAME, context);
+    checkClass(FRAME, instanceName.getClassName());
+    checkKeyCount(FRAME, instanceName);
+    deliverFound(
+        FRAME,
+        matching(instanceName, _buildAssociationInstances(instanceName, context, includeQualifiers,
+                                                          includeClassOrigin, propertyList)),
+        handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::enumerateInstances(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::enumerateInstances()");
+    beginEnumeration(FRAME, context, classReference);
+    deliverInstances(
+        _buildAllAssociationInstances(context, includeQualifiers, includeClassOrigin, propertyList),
+        handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::enumerateInstanceNames(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    ObjectPathResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::enumerateInstanceNames()");
+    beginEnumeration(FRAME, context, classReference);
+    deliverPaths(_buildAllAssociationInstances(context, false, false, CIMPropertyList()), handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::modifyInstance(
+    const OperationContext&, const CIMObjectPath&, const CIMInstance&, const Boolean,
+    const CIMPropertyList&, ResponseHandler&) {
+    refuse(FRAME, "modifyInstance");
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::createInstance(
+    const OperationContext&, const CIMObjectPath&, const CIMInstance&, ObjectPathResponseHandler&) {
+    refuse(FRAME, "createInstance");
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::deleteInstance(const OperationContext&,
+                                                                         const CIMObjectPath&,
+                                                                         ResponseHandler&) {
+    refuse(FRAME, "deleteInstance");
+}
+
+CIMInstance QRV_PrivilegeForStorageHardwareIDCollectionProvider::_build(
+    CIMClass& cimClass, const CIMObjectPath& privilege, const CIMObjectPath& element) const {
+    return QRV_Common::buildAssocInstance(ASSOCIATION, "Privilege", "PrivilegedElement", privilege,
+                                          element, cimClass, _nodeAddress, "root/qrv");
+}
+
+Array<CIMObjectPath> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_getRelatedInstanceNames(
+    const CIMObjectPath& objectName, const OperationContext& context) {
+    return pathsOf(_getRelatedInstances(objectName, context, false, false, CIMPropertyList()));
+}
+
+CIMObjectPath QRV_PrivilegeForStorageHardwareIDCollectionProvider::_collectionPath(
+    const String& hostName) const {
+    return QRV_StorageHardwareIDCollectionProvider::buildInstanceName(
+        _nodeAddress, String("ORVELIS:") + hostName);
+}
+
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_buildAssociationInstances(
+    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    Array<CIMInstance> found;
+    try {
+        _associationsOf(found, objectName, context,
+                        {includeQualifiers, includeClassOrigin, propertyList});
+    } catch (...) {
+        log_message(
+            2,
+            "<--QRV_PrivilegeForStorageHardwareIDCollection::_buildAssociationInstance() exception "
+            "thrown while building instances, # of instances assembled so far = %u\n",
+            found.size());
+        throw;
+    }
+    return found;
+}
+
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::_associationsOf(
+    Array<CIMInstance>& found, const CIMObjectPath& objectName, const OperationContext& context,
+    const InstanceShape& shape) {
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
+    const CIMName& source = objectName.getClassName();
+    if (source.equal(ASSOCIATION)) {
+        const CIMObjectPath privilege = referenceKey(objectName, "Privilege");
+        const CIMObjectPath element = referenceKey(objectName, "PrivilegedElement");
+        if (exportsTo(privilege, hostOfCollection(element)))
+            found.append(_build(cimClass, privilege, element));
+        return;
+    }
+    const Array<CIMObjectPath> related = _getRelatedInstanceNames(objectName, context);
+    for (Uint32 i = 0; i < related.size(); ++i) {
+        if (source.equal(PRIVILEGE)) found.append(_build(cimClass, objectName, related[i]));
+        if (source.equal(COLLECTION)) found.append(_build(cimClass, related[i], objectName));
+    }
+}
+
+/// The collections aren't fetched: the host of a VLUN is taken to exist.
+Array<CIMInstance>
+QRV_PrivilegeForStorageHardwareIDCollectionProvider::_buildAllAssociationInstances(
+    const OperationContext&, Boolean includeQualifiers, Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList) {
+    CIMClass cimClass =
+        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+    Array<String> hostNames;
+    Array<CIMInstance> privileges, found;
+    QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
+        _cimom, _nodeAddress, hostNames, _stringHashTable, privileges, false, false,
+        InstanceShape().propertyList, String::EMPTY, 0, QRV_NO_PORT, String::EMPTY, nullptr, 0);
+    if (hostNames.size() != privileges.size()) return found;
+    for (Uint32 i = 0; i < privileges.size(); ++i)
+        if (hostNames[i].size() > 0)
+            found.append(_build(cimClass, privileges[i].getPath(), _collectionPath(hostNames[i])));
+    return found;
+}
+
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_getRelatedInstances(
+    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const InstanceShape shape{includeQualifiers, includeClassOrigin, propertyList};
+    if (objectName.getClassName().equal(COLLECTION)) return _privilegesOf(objectName, shape);
+    if (objectName.getClassName().equal(PRIVILEGE))
+        return _collectionOf(objectName, context, shape);
+    return Array<CIMInstance>();
+}
+
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_privilegesOf(
+    const CIMObjectPath& collection, const InstanceShape& shape) {
+    const String host = hostOfCollection(collection);
+    Array<String> hostNames;
+    Array<CIMInstance> found;
+    if (host.size() > 0)
+        QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
+            _cimom, _nodeAddress, hostNames, _stringHashTable, found, shape.includeQualifiers,
+            shape.includeClassOrigin, shape.propertyList, host, 0, QRV_NO_PORT, String::EMPTY,
+            nullptr, 0);
+    return found;
+}
+
+/// The first host behind the privilege's controller that can be read.
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_collectionOf(
+    const CIMObjectPath& privilege, const OperationContext& context, const InstanceShape& shape) {
+    const VlunQuery controllers = controllersOf(privilege);
+    Array<CIMInstance> found;
+    for (unsigned int i = 0; i < controllers->count && found.size() == 0; ++i) {
+        const String hostName(controllers->vluns[i].hostname);
+        if (hostName.size() == 0) continue;
+        const CIMInstance collection =
+            tryGetInstance(_cimom, context, _collectionPath(hostName), shape.includeQualifiers,
+                           shape.includeClassOrigin, shape.propertyList);
+        if (!collection.isUninitialized()) found.append(collection);
+    }
+    return found;
+}
+
+}  // namespace Pegasus

@@ -1,0 +1,282 @@
+#include "QRV_PrivilegeForStorageHardwareIDProvider.h"
+
+#include "../QRV_AssociationFrame.h"
+#include "../QRV_StoredClass.h"
+#include "../QRV_StringTable.h"
+#include "QRV_AuthorizedPrivilegeProvider.h"
+#include "QRV_PrivilegeKey.h"
+#include "QRV_StorageHardwareIDProvider.h"
+
+namespace Pegasus {
+
+namespace {
+
+constexpr ProviderFrame FRAME{"QRV_PrivilegeForStorageHardwareIDProvider",
+                              "QRV_PrivilegeForStorageHardwareIDProvider",
+                              "CIM_AuthorizedSubject",
+                              "QRV_PrivilegeForStorageHardwareID",
+                              2,
+                              " Expect two keys."};
+
+const AssociationRules RULES{
+    {"QRV_AuthorizedPrivilege", "CIM_AuthorizedPrivilege", "CIM_Privilege", "CIM_ManagedElement",
+     "QRV_StorageHardwareID", "CIM_StorageHardwareID", "CIM_Identity"},
+    {"Privilege", "PrivilegedElement"},
+    {"QRV_PrivilegeForStorageHardwareID", "CIM_AuthorizedSubject"},
+    {"QRV_StorageHardwareID", "CIM_StorageHardwareID", "CIM_Identity", "QRV_AuthorizedPrivilege",
+     "CIM_Privilege", "CIM_AuthorizedPrivilege"},
+    true,
+    {}};
+
+constexpr int REFUSAL_LEVEL = 3;
+
+const CIMName ASSOCIATION("QRV_PrivilegeForStorageHardwareID");
+const CIMName PRIVILEGE("QRV_AuthorizedPrivilege");
+const CIMName HARDWARE_ID("QRV_StorageHardwareID");
+
+/// The hardware ID's InstanceID in a privilege's, without its vendor mark; empty when there is
+/// none.
+String initiatorOf(const CIMObjectPath& privilege) {
+    String hwidInstID, spcDeviceID;
+    splitPrivilegeKey(QRV_Common::getStringProperty(privilege, "InstanceID"), hwidInstID,
+                      spcDeviceID);
+    return hwidInstID;
+}
+
+CIMObjectPath hardwareIDPath(const String& nodeAddress, const String& unmarkedID) {
+    return QRV_StorageHardwareIDProvider::buildInstanceName(nodeAddress,
+                                                            String("ORVELIS:") + unmarkedID);
+}
+
+}  // namespace
+
+QRV_PrivilegeForStorageHardwareIDProvider::QRV_PrivilegeForStorageHardwareIDProvider()
+    : _stringHashTable(nullptr) {}
+
+QRV_PrivilegeForStorageHardwareIDProvider::~QRV_PrivilegeForStorageHardwareIDProvider() = default;
+
+void QRV_PrivilegeForStorageHardwareIDProvider::initialize(CIMOMHandle& cimom) {
+    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::initialize(cimom)");
+    _stringHashTable = nullptr;
+    _cimom = cimom;
+    _nodeAddress = QRV_Common::getSystemHostName(cimom);
+    _systemName = QRV_Common::getSystemName(cimom);
+    _stringHashTable = createStringTable();
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::terminate() {
+    deleteStringTable(_stringHashTable);
+    delete this;
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::associators(
+    const OperationContext& context, const CIMObjectPath& objectName,
+    const CIMName& associationClass, const CIMName& resultClass, const String& role,
+    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::associators()");
+    if (!beginAssociation(
+            FRAME, RULES, REFUSAL_LEVEL, context,
+            {"associators", objectName, associationClass, resultClass, role, resultRole}))
+        return;
+    deliverObjects(_getRelatedInstances(objectName, context, includeQualifiers, includeClassOrigin,
+                                        propertyList),
+                   handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::associatorNames(
+    const OperationContext& context, const CIMObjectPath& objectName,
+    const CIMName& associationClass, const CIMName& resultClass, const String& role,
+    const String& resultRole, ObjectPathResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::associatorNames()");
+    if (!beginAssociation(
+            FRAME, RULES, REFUSAL_LEVEL, context,
+            {"associatorNames", objectName, associationClass, resultClass, role, resultRole}))
+        return;
+    deliverPaths(_getRelatedInstanceNames(objectName, context), handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::references(
+    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
+    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::references()");
+    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context,
+                          {"references", objectName, CIMName(), resultClass, role, String::EMPTY}))
+        return;
+    deliverObjects(_buildAssociationInstances(objectName, context, includeQualifiers,
+                                              includeClassOrigin, propertyList),
+                   handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::referenceNames(const OperationContext& context,
+                                                               const CIMObjectPath& objectName,
+                                                               const CIMName& resultClass,
+                                                               const String& role,
+                                                               ObjectPathResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::referenceNames()");
+    if (!beginAssociation(
+            FRAME, RULES, REFUSAL_LEVEL, context,
+            {"referenceNames", objectName, CIMName(), resultClass, role, String::EMPTY}))
+        return;
+    handler.processing();
+    const Array<CIMInstance> found =
+        _buildAssociationInstances(objectName, context, false, false, CIMPropertyList());
+    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
+    handler.complete();
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::getInstance(const OperationContext& context,
+                                                            const CIMObjectPath& instanceName,
+                                                            const Boolean includeQualifiers,
+                                                            const Boolean includeClassOrigin,
+                                                            const CIMPropertyList& propertyList,
+                                                            InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::getInstance()");
+    openArray(FRAME, context);
+    checkClass(FRAME, instanceName.getClassName());
+    checkKeyCount(FRAME, instanceName);
+    deliverFound(
+        FRAME,
+        matching(instanceName, _buildAssociationInstances(instanceName, context, includeQualifiers,
+                                                          includeClassOrigin, propertyList)),
+        handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::enumerateInstances(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::enumerateInstances()");
+    beginEnumeration(FRAME, context, classReference);
+    deliverInstances(
+        _buildAllAssociationInstances(context, includeQualifiers, includeClassOrigin, propertyList),
+        handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::enumerateInstanceNames(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    ObjectPathResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_PrivilegeForStorageHardwareIDProvider::enumerateInstanceNames()");
+    beginEnumeration(FRAME, context, classReference);
+    deliverPaths(_buildAllAssociationInstances(context, false, false, CIMPropertyList()), handler);
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::modifyInstance(const OperationContext&,
+                                                               const CIMObjectPath&,
+                                                               const CIMInstance&, const Boolean,
+                                                               const CIMPropertyList&,
+                                                               ResponseHandler&) {
+    refuse(FRAME, "modifyInstance");
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::createInstance(const OperationContext&,
+                                                               const CIMObjectPath&,
+                                                               const CIMInstance&,
+                                                               ObjectPathResponseHandler&) {
+    refuse(FRAME, "createInstance");
+}
+
+void QRV_PrivilegeForStorageHardwareIDProvider::deleteInstance(const OperationContext&,
+                                                               const CIMObjectPath&,
+                                                               ResponseHandler&) {
+    refuse(FRAME, "deleteInstance");
+}
+
+CIMInstance QRV_PrivilegeForStorageHardwareIDProvider::_build(CIMClass& cimClass,
+                                                              const CIMObjectPath& privilege,
+                                                              const CIMObjectPath& element) const {
+    return QRV_Common::buildAssocInstance(ASSOCIATION, "Privilege", "PrivilegedElement", privilege,
+                                          element, cimClass, _nodeAddress, "root/qrv");
+}
+
+Array<CIMObjectPath> QRV_PrivilegeForStorageHardwareIDProvider::_getRelatedInstanceNames(
+    const CIMObjectPath& objectName, const OperationContext& context) {
+    return pathsOf(_getRelatedInstances(objectName, context, false, false, CIMPropertyList()));
+}
+
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_buildAssociationInstances(
+    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    CIMClass cimClass =
+        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+    const CIMName& source = objectName.getClassName();
+    if (source.equal(ASSOCIATION)) return _proven(cimClass, objectName, context);
+    const Array<CIMObjectPath> related = _getRelatedInstanceNames(objectName, context);
+    Array<CIMInstance> found;
+    for (Uint32 i = 0; i < related.size(); ++i) {
+        if (source.equal(PRIVILEGE)) found.append(_build(cimClass, objectName, related[i]));
+        if (source.equal(HARDWARE_ID)) found.append(_build(cimClass, related[i], objectName));
+    }
+    return found;
+}
+
+/// The association that a path names, when its ends belong together and the privilege exists.
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_proven(
+    CIMClass& cimClass, const CIMObjectPath& association, const OperationContext& context) {
+    const CIMObjectPath privilege = referenceKey(association, "Privilege");
+    const CIMObjectPath element = referenceKey(association, "PrivilegedElement");
+    const String elementID = QRV_Common::getStringProperty(element, "InstanceID");
+    Array<CIMInstance> found;
+    if (initiatorOf(privilege) == QRV_Common::extractFromInstanceID(elementID) &&
+        !tryGetInstance(_cimom, context, privilege, false, false, CIMPropertyList())
+             .isUninitialized())
+        found.append(_build(cimClass, privilege, element));
+    return found;
+}
+
+/// The hardware IDs aren't fetched: a privilege's initiator is taken to exist.
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_buildAllAssociationInstances(
+    const OperationContext& context, Boolean includeQualifiers, Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList) {
+    CIMClass cimClass =
+        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+    const Array<CIMObjectPath> privileges =
+        _cimom.enumerateInstanceNames(context, QRV_NAMESPACE, PRIVILEGE);
+    Array<CIMInstance> found;
+    for (Uint32 i = 0; i < privileges.size(); ++i)
+        found.append(_build(cimClass, privileges[i],
+                            hardwareIDPath(_nodeAddress, initiatorOf(privileges[i]))));
+    return found;
+}
+
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_getRelatedInstances(
+    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    Array<CIMInstance> found;
+    if (objectName.getClassName().equal(HARDWARE_ID))
+        return _privilegesOf(objectName, {includeQualifiers, includeClassOrigin, propertyList});
+    if (!objectName.getClassName().equal(PRIVILEGE)) return found;
+    const String initiator = initiatorOf(objectName);
+    if (initiator.size() == 0) {
+        log_message(3, " InstanceID key not found.\n");
+        return found;
+    }
+    const CIMInstance hardwareID =
+        tryGetInstance(_cimom, context, hardwareIDPath(_nodeAddress, initiator), includeQualifiers,
+                       includeClassOrigin, propertyList);
+    if (!hardwareID.isUninitialized()) found.append(hardwareID);
+    return found;
+}
+
+/// A walk over VLUNs can be narrowed to a host, so the privileges of one initiator are picked from
+/// those of its host.
+Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_privilegesOf(
+    const CIMObjectPath& hardwareID, const InstanceShape& shape) {
+    const String wanted =
+        QRV_Common::extractFromInstanceID(QRV_Common::getStringProperty(hardwareID, "InstanceID"));
+    const String host = hostOfInitiator(hardwareID);
+    Array<CIMInstance> ofHost, found;
+    if (host.size() == 0) return found;
+    Array<String> hostNames;
+    QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
+        _cimom, _nodeAddress, hostNames, _stringHashTable, ofHost, shape.includeQualifiers,
+        shape.includeClassOrigin, shape.propertyList, host, 0, QRV_NO_PORT, String::EMPTY, nullptr,
+        0);
+    for (Uint32 i = 0; i < ofHost.size(); ++i)
+        if (initiatorOf(ofHost[i].getPath()) == wanted) found.append(ofHost[i]);
+    return found;
+}
+
+}  // namespace Pegasus

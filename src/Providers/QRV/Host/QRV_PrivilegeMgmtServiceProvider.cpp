@@ -1,0 +1,153 @@
+#include "QRV_PrivilegeMgmtServiceProvider.h"
+
+#include <Pegasus/Provider/ProviderException.h>
+
+#include "../QRV_CimServer.h"
+#include "../QRV_StoredClass.h"
+#include "QRV_ManagementService.h"
+
+namespace Pegasus {
+
+namespace {
+
+constexpr ProviderFrame FRAME{"QRV_PrivilegeMgmtServiceProvider",
+                              "QRV_PrivilegeMgmtServiceProvider",
+                              "CIM_PrivilegeManagementService",
+                              "QRV_PrivilegeManagementService",
+                              4,
+                              " Expect four keys."};
+
+const CIMName SERVICE_CLASS("QRV_PrivilegeManagementService");
+
+/// The methods that the class declares.
+const CIMName METHODS[] = {CIMName("RemoveAccess"), CIMName("AssignAccess"),
+                           CIMName("StartService"), CIMName("StopService")};
+
+}  // namespace
+
+QRV_PrivilegeMgmtServiceProvider::QRV_PrivilegeMgmtServiceProvider() = default;
+
+QRV_PrivilegeMgmtServiceProvider::QRV_PrivilegeMgmtServiceProvider(const CIMObjectPath&) {
+    refuseObjectPathConstructor(FRAME);
+}
+
+QRV_PrivilegeMgmtServiceProvider::~QRV_PrivilegeMgmtServiceProvider() = default;
+
+void QRV_PrivilegeMgmtServiceProvider::initialize(CIMOMHandle& cimom) {
+    const OperationTrace trace("QRV_PrivilegeMgmtServiceProvider::initialize(cimom)");
+    _cimom = cimom;
+    _systemName = QRV_Common::getSystemName(cimom);
+    _systemAddress = QRV_Common::getSystemHostName(cimom);
+    _instanceName = _buildInstanceName();
+}
+
+void QRV_PrivilegeMgmtServiceProvider::terminate() {
+    delete this;
+}
+
+void QRV_PrivilegeMgmtServiceProvider::getInstance(const OperationContext& context,
+                                                   const CIMObjectPath& instanceName,
+                                                   const Boolean includeQualifiers,
+                                                   const Boolean includeClassOrigin,
+                                                   const CIMPropertyList& propertyList,
+                                                   InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeMgmtServiceProvider::getInstance()");
+    openArray(FRAME, context);
+    checkClassLoudly(FRAME, instanceName.getClassName(), "getInstance() incorrect className");
+    checkKeyCount(FRAME, instanceName);
+    Array<CIMInstance> found;
+    if (QRV_Common::matchObjectPath(instanceName, _instanceName))
+        found.append(_buildInstance(includeQualifiers, includeClassOrigin, propertyList));
+    deliverFound(FRAME, found, handler);
+}
+
+void QRV_PrivilegeMgmtServiceProvider::enumerateInstances(const OperationContext& context,
+                                                          const CIMObjectPath& classReference,
+                                                          const Boolean includeQualifiers,
+                                                          const Boolean includeClassOrigin,
+                                                          const CIMPropertyList& propertyList,
+                                                          InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeMgmtServiceProvider::enumerateInstances()");
+    traceClassName(classReference.getClassName());
+    openArray(FRAME, context);
+    checkClassLoudly(FRAME, classReference.getClassName(),
+                     "enumerateInstances() incorrect className");
+    const CIMInstance instance =
+        _buildInstance(includeQualifiers, includeClassOrigin, propertyList);
+    handler.processing();
+    handler.deliver(instance);
+    handler.complete();
+}
+
+void QRV_PrivilegeMgmtServiceProvider::enumerateInstanceNames(const OperationContext& context,
+                                                              const CIMObjectPath& classReference,
+                                                              ObjectPathResponseHandler& handler) {
+    const OperationTrace trace("QRV_PrivilegeMgmtServiceProvider::enumerateInstanceNames()");
+    traceClassName(classReference.getClassName());
+    openArray(FRAME, context);
+    checkClassLoudly(FRAME, classReference.getClassName(),
+                     "enumerateInstanceNames() incorrect className");
+    handler.processing();
+    handler.deliver(_instanceName);
+    handler.complete();
+}
+
+void QRV_PrivilegeMgmtServiceProvider::modifyInstance(const OperationContext&, const CIMObjectPath&,
+                                                      const CIMInstance&, const Boolean,
+                                                      const CIMPropertyList&, ResponseHandler&) {
+    refuse(FRAME, "modifyInstance");
+}
+
+void QRV_PrivilegeMgmtServiceProvider::createInstance(const OperationContext&, const CIMObjectPath&,
+                                                      const CIMInstance&,
+                                                      ObjectPathResponseHandler&) {
+    refuse(FRAME, "createInstance");
+}
+
+void QRV_PrivilegeMgmtServiceProvider::deleteInstance(const OperationContext&, const CIMObjectPath&,
+                                                      ResponseHandler&) {
+    refuse(FRAME, "deleteInstance");
+}
+
+void QRV_PrivilegeMgmtServiceProvider::invokeMethod(const OperationContext& context,
+                                                    const CIMObjectPath& objectRef,
+                                                    const CIMName& methodName,
+                                                    const Array<CIMParamValue>&,
+                                                    MethodResultResponseHandler&) {
+    const String& method = methodName.getString();
+    const CString name = method.getCString();
+    log_message(4, "--> QRV_PrivilegeMgmtServiceProvider::invokeMethod(), methodName = %s \n",
+                static_cast<const char*>(name));
+    openArray(FRAME, context);
+    authorize(FRAME, context, objectRef.getClassName(), method);
+    if (!QRV_Common::matchObjectPath(objectRef, _instanceName)) {
+        log_message(2, "QRV_PrivilegeMgmtServiceProvider::invokeMethod(): object not found = %s\n",
+                    static_cast<const char*>(objectRef.toString().getCString()));
+        throw CIMObjectNotFoundException(String(FRAME.className) + " CIM Object not found.");
+    }
+    for (const CIMName& known : METHODS)
+        if (methodName.equal(known)) throw methodFailure(CIM_ERR_FAILED, method + " not supported");
+    log_message(2, "QRV_PrivilegeMgmtServiceProvider::invokeMethod():method %s not known\n",
+                static_cast<const char*>(name));
+    throw CIMMethodNotFoundException(String(FRAME.className) + ":" + method + " not known");
+}
+
+CIMObjectPath QRV_PrivilegeMgmtServiceProvider::_buildInstanceName() {
+    _name = "ORVELIS:PrivilegeManagementService";
+    return ServiceIdentity{SERVICE_CLASS, _systemName, _name}.path(_systemAddress);
+}
+
+CIMInstance QRV_PrivilegeMgmtServiceProvider::_buildInstance(Boolean includeQualifiers,
+                                                             Boolean includeClassOrigin,
+                                                             const CIMPropertyList& propertyList) {
+    const ServiceOwner owner = readServiceOwner();
+    CIMClass serviceClass =
+        storedClass(_cimom, SERVICE_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
+    CIMInstance instance = QRV_Common::buildInstanceSkeleton(serviceClass);
+    describeService(instance, {SERVICE_CLASS, _systemName, _name}, owner);
+    QRV_Common::setPropertyValue(instance, CIMName("ElementName"), _name);
+    instance.setPath(_instanceName);
+    return instance;
+}
+
+}  // namespace Pegasus
