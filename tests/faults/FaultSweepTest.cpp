@@ -18,6 +18,7 @@ namespace {
 
 constexpr const char* EMPTY = "processing\ncomplete\n";  ///< a completed answer with nothing in it
 constexpr const char* UNCHANGED = "unchanged";           ///< the answer of the clean run
+constexpr const char* UNTOUCHED = "untouched";           ///< no answer at all, and no failure
 constexpr const char* REPEATED = "repeated";  ///< likewise, but an initiator may come again
 constexpr const char* REFUSED = "refused";    ///< the method's code and the array's text
 
@@ -156,6 +157,23 @@ const std::map<int, int> MEMBER_CODES{{3, 4096}, {19, 5}};
 const std::map<int, int> DELETION_CODES{{3, 4096}, {16, 4096}};
 const std::map<int, int> CHAP_CODES{{3, 4096}, {51, 4096}};
 
+constexpr const char* TIMED_OUT = "1 Internal error: Semaphore Timed-Out";
+constexpr const char* NO_SERVICE_LINK =
+    "6 QRV_MgmtServicesForStorageHWIDCollection CIM Object not found.";
+constexpr const char* NO_HOST_LINK =
+    "6 QRV_HWIDCollectionElementSettingDataProvider CIM Object not found.";
+const std::string LINK_TO_HOST =
+    R"(="//array7.example/root/qrv:QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:alpha\"")";
+const std::string LINK_TO_INITIATOR =
+    R"(="//array7.example/root/qrv:QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-1000000000A1B201\"")";
+const std::string LINK_TO_SETTING =
+    R"(,SettingData="//array7.example/root/qrv:QRV_StorageClientSettingData.InstanceID=\"ORVELIS:PERSONA-1\"")";
+const std::string LINK_TO_SERVICE =
+    R"(="//array7.example/root/qrv:QRV_StorageHardwareIDManagementService.)"
+    R"(CreationClassName=\"QRV_StorageHardwareIDManagementService\",)"
+    R"(Name=\"ORVELIS_StorageHardwareIDManagementService\",)"
+    R"(SystemCreationClassName=\"QRV_StorageSystem\",SystemName=\"array7\"")";
+
 const Operation OPERATIONS[] = {
     {"QRV_StorageHardwareID.getInstance",
      "QRV_StorageHardwareIDProvider",
@@ -245,6 +263,56 @@ const Operation OPERATIONS[] = {
                  {"api_getSystemFacts", EMPTY},
                  {"api_getHosts", EMPTY},
                  {"cim_sem_wait", EMPTY}}),
+    get("QRV_MgmtServicesForStorageHWIDCollectionProvider",
+        "QRV_MgmtServicesForStorageHWIDCollection.Antecedent" + LINK_TO_SERVICE + ",Dependent" +
+            LINK_TO_HOST,
+        {{"api_getHosts", NO_SERVICE_LINK},
+         {"cim_sem_wait#1", NO_SERVICE_LINK},
+         {"api_getHostPaths", UNCHANGED},
+         {"cim_sem_wait#2", UNCHANGED},
+         {"hashtable_put", UNCHANGED}}),
+    associators("QRV_MgmtServicesForStorageHWIDCollectionProvider", qrvtest::collectionOf("alpha"),
+                {{"api_qrvOpenForCimserver#2", UNTOUCHED},
+                 {"api_getHosts", UNTOUCHED},
+                 {"cim_sem_wait", UNTOUCHED},
+                 {"api_getSystemContact", UNCHANGED},
+                 {"api_getOwnerName", UNCHANGED}}),
+    enumerate("QRV_HardwareIDElementSettingDataProvider", "QRV_HardwareIDElementSettingData",
+              {{"api_getHostPaths", EMPTY},
+               {"hashtable_put", REPEATED},
+               {"api_getHostPersonaList", "1 %s"},
+               {"api_getHosts", EMPTY},
+               {"cim_sem_wait", EMPTY},
+               {"cim_sem_wait#2", TIMED_OUT}}),
+    get("QRV_HardwareIDElementSettingDataProvider",
+        "QRV_HardwareIDElementSettingData.ManagedElement" + LINK_TO_INITIATOR + LINK_TO_SETTING,
+        {{"api_getHosts", "6 QRV_HardwareIDElementSettingDataProvider CIM Object not found."},
+         {"cim_sem_wait", "6 QRV_HardwareIDElementSettingDataProvider CIM Object not found."}}),
+    associators("QRV_HardwareIDElementSettingDataProvider", qrvtest::fcID(KNOWN),
+                {{"api_qrvOpenForCimserver#2", EMPTY},
+                 {"api_getHosts", EMPTY},
+                 {"api_getHostPersonaList", EMPTY},
+                 {"cim_sem_wait", EMPTY}}),
+    associators("QRV_HardwareIDElementSettingDataProvider", qrvtest::setting("1"),
+                {{"api_getHosts", EMPTY}, {"cim_sem_wait", EMPTY}}),
+    enumerate("QRV_HWIDCollectionElementSettingDataProvider",
+              "QRV_HWIDCollectionElementSettingData",
+              {{"api_getHosts", EMPTY},
+               {"api_getHostPersonaList", "1 %s"},
+               {"cim_sem_wait", EMPTY},
+               {"cim_sem_wait#2", TIMED_OUT}}),
+    get("QRV_HWIDCollectionElementSettingDataProvider",
+        "QRV_HWIDCollectionElementSettingData.ManagedElement" + LINK_TO_HOST + LINK_TO_SETTING,
+        {{"api_qrvOpenForCimserver#2", NO_HOST_LINK},
+         {"api_getHosts", NO_HOST_LINK},
+         {"cim_sem_wait", NO_HOST_LINK}}),
+    associators("QRV_HWIDCollectionElementSettingDataProvider", qrvtest::collectionOf("alpha"),
+                {{"api_qrvOpenForCimserver#2", EMPTY},
+                 {"api_getHosts", EMPTY},
+                 {"api_getHostPersonaList", EMPTY},
+                 {"cim_sem_wait", EMPTY}}),
+    associators("QRV_HWIDCollectionElementSettingDataProvider", qrvtest::setting("1"),
+                {{"api_getHosts", EMPTY}, {"cim_sem_wait", EMPTY}}),
     {"QRV_StorageHardwareIDManagementService.enumerateInstances",
      "QRV_StorageHardwareIDManagementServiceProvider",
      with<qrvtest::InstanceRecorder>([](CIMInstanceProvider& provider, auto& handler) {
@@ -357,6 +425,7 @@ class FaultSweepTest : public qrvtest::ModuleTest, public testing::WithParamInte
     std::string expectedAnswer(const Fault& fault) const {
         const std::string answer = documented(fault);
         if (answer == REFUSED) return refusal(fault.code);
+        if (answer == UNTOUCHED) return "";
         if (const auto text = answer.find("%s"); text != std::string::npos)
             return std::string(answer).replace(text, 2, arrayText(fault.code));
         return answer == UNCHANGED || answer == REPEATED ? _clean : answer;

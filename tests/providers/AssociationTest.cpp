@@ -1,16 +1,20 @@
 // Every association provider, by one table a class: what a request from an object gives.
 #include <map>
 
+#include "MethodCalls.h"
 #include "ModuleTest.h"
 
+namespace control = qrvapi::control;
 using namespace Pegasus;
 using qrvtest::outcomeOf;
 using qrvtest::pathOf;
 using qrvtest::requestOf;
+using qrvtest::SERVICE;
 
 namespace {
 
 constexpr const char* REFUSED = "refused";  ///< the handler isn't touched, and nothing is thrown
+constexpr const char* MISSING = "missing";  ///< likewise, and nothing is logged: no such source
 
 /// A path as text, with the system's host in front.
 std::string full(const std::string& path) {
@@ -69,12 +73,27 @@ std::string offered(const std::string& persona) {
 const std::string HOSTED_GROUP =
     link("QRV_HostedStorageDomainGroup", {{"Antecedent", SYSTEM}, {"Dependent", GROUP}});
 
+std::string managed(const std::string& object) {
+    return link("QRV_MgmtServicesForStorageHWIDCollection",
+                {{"Antecedent", SERVICE}, {"Dependent", object}});
+}
+
+std::string initiatorSetting(const std::string& hardwareID, const std::string& persona) {
+    return link("QRV_HardwareIDElementSettingData",
+                {{"ManagedElement", hardwareID}, {"SettingData", persona}});
+}
+
+std::string hostSetting(const std::string& collection, const std::string& persona) {
+    return link("QRV_HWIDCollectionElementSettingData",
+                {{"ManagedElement", collection}, {"SettingData", persona}});
+}
+
 struct Request {
     std::string source;
     std::string role;
     std::string resultRole;
     std::string resultClass;
-    std::vector<std::string> answer;  ///< paths without host, or REFUSED alone
+    std::vector<std::string> answer;  ///< paths without host, or REFUSED or MISSING alone
 };
 
 struct Kind {
@@ -179,6 +198,91 @@ const Kind KINDS[] = {
      {{SYSTEM, "", "", "", {HOSTED_GROUP}},
       {GROUP, "", "", "CIM_HostedCollection", {HOSTED_GROUP}},
       {GROUP, "Antecedent", "", "", {REFUSED}}}},
+    {"QRV_MgmtServicesForStorageHWIDCollectionProvider",
+     "QRV_MgmtServicesForStorageHWIDCollection",
+     "QRV_MgmtServicesForStorageHWIDCollection",
+     "CIM_ConcreteDependency",
+     true,
+     2,
+     {managed(ALPHA), managed(BETA), managed(BARE), managed(HWID_FC), managed(HWID_ISCSI),
+      managed(HWID_BETA), managed(HWID_FREE)},
+     {{SERVICE, "", "", "", {ALPHA, BETA, BARE, HWID_FC, HWID_ISCSI, HWID_BETA, HWID_FREE}},
+      {SERVICE,
+       "antecedent",
+       "Dependent",
+       "CIM_Identity",
+       {HWID_FC, HWID_ISCSI, HWID_BETA, HWID_FREE}},
+      {SERVICE, "", "", "CIM_SystemSpecificCollection", {ALPHA, BETA, BARE}},
+      {SERVICE, "Dependent", "", "", {REFUSED}},
+      {SERVICE, "", "Antecedent", "", {REFUSED}},
+      {SERVICE, "", "", "QRV_StorageHardwareIDManagementService", {REFUSED}},
+      {SERVICE, "", "", "CIM_StorageHardwareIDManagementService", {REFUSED}},
+      {ALPHA, "Dependent", "antecedent", "CIM_StorageHardwareIDManagementService", {SERVICE}},
+      {ALPHA, "", "", "CIM_Identity", {}},
+      {ALPHA, "", "", "CIM_SystemSpecificCollection", {REFUSED}},
+      {GONE, "", "", "", {MISSING}},
+      {HWID_FREE, "", "", "", {SERVICE}},
+      {HWID_FC, "Antecedent", "", "", {REFUSED}},
+      {HWID_FC, "", "Dependent", "", {REFUSED}},
+      {HWID_FC, "", "", "CIM_Identity", {REFUSED}},
+      {HWID_FC, "", "", "CIM_ManagedElement", {REFUSED}},
+      {"CIM_Collection.InstanceID=\"alpha\"", "", "", "", {REFUSED}},
+      {SYSTEM, "Antecedent", "Antecedent", "", {}}},
+     {{SERVICE,
+       "",
+       "",
+       "CIM_ConcreteDependency",
+       {managed(ALPHA), managed(BETA), managed(BARE), managed(HWID_FC), managed(HWID_ISCSI),
+        managed(HWID_BETA), managed(HWID_FREE)}},
+      {ALPHA, "dependent", "", "", {managed(ALPHA)}},
+      {HWID_FREE, "", "", "", {managed(HWID_FREE)}},
+      {GONE, "", "", "", {MISSING}},
+      {HWID_FC, "Antecedent", "", "", {REFUSED}},
+      {HWID_FC, "", "", "CIM_Dependency", {REFUSED}}}},
+    {"QRV_HardwareIDElementSettingDataProvider",
+     "QRV_HardwareIDElementSettingDataProvider",
+     "QRV_HardwareIDElementSettingData",
+     "CIM_ElementSettingData",
+     true,
+     2,
+     {initiatorSetting(HWID_FC, PERSONA_1), initiatorSetting(HWID_ISCSI, PERSONA_1),
+      initiatorSetting(HWID_BETA, PERSONA_2)},
+     {{HWID_FC, "", "", "CIM_ManagedElement", {PERSONA_1}},
+      {HWID_ISCSI, "settingDATA", "managedelement", "CIM_SettingData", {PERSONA_1}},
+      {HWID_BETA, "ManagedElement", "", "CIM_Identity", {PERSONA_2}},
+      {HWID_FREE, "", "", "", {}},
+      {"QRV_StorageHardwareID.InstanceID=\"FC-1000000000A1B201\"", "", "", "", {}},
+      {"QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-none\"", "", "", "", {}},
+      {"QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-FFFFFFFFFFFFFFF6\"", "", "", "", {}},
+      {PERSONA_1, "", "", "", {HWID_FC, HWID_FC, HWID_ISCSI}},  // one for each path
+      {PERSONA_2, "", "", "QRV_StorageHardwareID", {HWID_BETA}},
+      {"QRV_StorageClientSettingData.InstanceID=\"ORVELIS:PERSONA-0\"", "", "", "", {}},
+      {ALPHA, "", "", "", {}},
+      {HWID_FC, "Antecedent", "", "", {REFUSED}},
+      {HWID_FC, "", "Member", "", {REFUSED}},
+      {PERSONA_1, "", "", "QRV_StorageHardwareIDCollection", {REFUSED}}},
+     {{HWID_FC, "", "", "", {initiatorSetting(HWID_FC, PERSONA_1)}},
+      {PERSONA_2, "", "", "CIM_ElementSettingData", {initiatorSetting(HWID_BETA, PERSONA_2)}},
+      {HWID_FREE, "", "", "", {}},
+      {HWID_FC, "", "", "QRV_HWIDCollectionElementSettingData", {REFUSED}}}},
+    {"QRV_HWIDCollectionElementSettingDataProvider",
+     "QRV_HWIDCollectionElementSettingDataProvider",
+     "QRV_HWIDCollectionElementSettingData",
+     "CIM_ElementSettingData",
+     true,
+     2,
+     {hostSetting(ALPHA, PERSONA_1), hostSetting(BETA, PERSONA_2), hostSetting(BARE, PERSONA_1)},
+     {{ALPHA, "", "", "CIM_ManagedElement", {PERSONA_1}},
+      {BETA, "SettingData", "ManagedElement", "CIM_StorageClientSettingData", {PERSONA_2}},
+      {PERSONA_1, "managedelement", "", "CIM_SystemSpecificCollection", {ALPHA, BARE}},
+      {HWID_FC, "", "", "", {}},
+      {GONE, "", "", "", {}},
+      {ALPHA, "Dependent", "", "", {REFUSED}},
+      {ALPHA, "", "", "CIM_Identity", {REFUSED}}},
+     {{ALPHA, "", "", "", {hostSetting(ALPHA, PERSONA_1)}},
+      {PERSONA_1, "", "", "", {hostSetting(ALPHA, PERSONA_1), hostSetting(BARE, PERSONA_1)}},
+      {GONE, "", "", "", {}},
+      {ALPHA, "", "", "QRV_HardwareIDElementSettingData", {REFUSED}}}},
 };
 
 class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInterface<Kind> {
@@ -226,7 +330,9 @@ class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInt
     }
 
     static std::vector<std::string> expected(const std::vector<std::string>& answer) {
-        if (answer == std::vector<std::string>{REFUSED}) return answer;
+        if (answer == std::vector<std::string>{REFUSED} ||
+            answer == std::vector<std::string>{MISSING})
+            return {REFUSED};
         std::vector<std::string> paths;
         for (const std::string& path : answer) paths.push_back(full(path));
         return paths;
@@ -319,5 +425,104 @@ std::string nameOfKind(const testing::TestParamInfo<Kind>& kind) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Module, AssociationTest, testing::ValuesIn(KINDS), nameOfKind);
+
+class AssociationDetailTest : public qrvtest::ModuleTest {
+  protected:
+    struct Case {
+        std::string source;
+        std::vector<std::string> lines;
+    };
+
+    static void ask(qrvtest::ModuleProvider& provider, const std::string& source) {
+        qrvtest::Recording recording;
+        qrvtest::PathRecorder paths(recording);
+        provider.associations().associatorNames(requestOf("viewer"), pathOf(source), CIMName(),
+                                                CIMName(), String(), String(), paths);
+        EXPECT_EQ(recording.events(), answer({}));
+    }
+
+    static std::string collection(const std::string& instanceID) {
+        return "QRV_StorageHardwareIDCollection.InstanceID=" + quoted(instanceID);
+    }
+
+    qrvtest::ModuleProvider initiators{"QRV_HardwareIDElementSettingDataProvider", broker()};
+    qrvtest::ModuleProvider hosts{"QRV_HWIDCollectionElementSettingDataProvider", broker()};
+};
+
+TEST_F(AssociationDetailTest, persona2IsTheDefaultAndEachIsCurrent) {
+    const auto flags = [](const std::string& isDefault) {
+        return testing::AllOf(testing::HasSubstr("\nIsDefault=" + isDefault + "\n"),
+                              testing::HasSubstr("\nIsCurrent=1\n"));
+    };
+    const auto none = qrvtest::properties({"IsCurrent"});  // of no account in an enumeration
+    EXPECT_THAT(
+        enumerateInstances(initiators.instances(), "QRV_HardwareIDElementSettingData", none),
+        testing::ElementsAre("processing", flags("2"), flags("2"), flags("1"), "complete"));
+    EXPECT_THAT(enumerateInstances(hosts.instances(), "QRV_HWIDCollectionElementSettingData", none),
+                testing::ElementsAre("processing", flags("2"), flags("1"), flags("2"), "complete"));
+    EXPECT_THAT(getInstance(hosts.instances(), hostSetting(BETA, PERSONA_2))[1], flags("1"));
+}
+
+TEST_F(AssociationDetailTest, whyASourceLeadsNowhereIsLogged) {
+    for (const Case& each :
+         std::vector<Case>{{GONE, {"2 \tNo valid host gets returned.\n"}},
+                           {collection("alpha"), {"3 \tInstance ID prefix not found.\n"}},
+                           {collection("xORVELIS:"), {"3 \tNo host name found in instance ID.\n"}},
+                           {collection(""), {}}}) {
+        ask(hosts, each.source);
+        EXPECT_EQ(logged(), each.lines) << each.source;
+    }
+    ask(initiators, HWID_FREE);
+    EXPECT_THAT(logged(), testing::IsEmpty());
+    control::timeOutGate(1);
+    ask(initiators, PERSONA_1);
+    EXPECT_THAT(logged(), testing::ElementsAre("2 --> QRV_HardwareIDElementSettingDataProvider::"
+                                               "_getRelatedInstances()  api_getHosts failed.\n"));
+    control::failCall("api_getHosts");
+    enumerateInstanceNames(initiators.instances(), "QRV_HardwareIDElementSettingData");
+    EXPECT_THAT(logged(), testing::ElementsAre("3 \tNo valid host gets returned.\n"));
+}
+
+TEST_F(AssociationDetailTest, aPairThatIsNotLinkedIsNotFound) {
+    const auto outcome = [](qrvtest::ModuleProvider& provider, const std::string& path,
+                            std::vector<std::string> events) {
+        qrvtest::Recording recording;
+        qrvtest::InstanceRecorder handler(recording);
+        const std::string text = outcomeOf([&] {
+            provider.instances().getInstance(requestOf("viewer"), pathOf(path), false, false, {},
+                                             handler);
+        });
+        EXPECT_EQ(recording.events(), events) << path;
+        return text.substr(0, 2);
+    };
+    EXPECT_EQ(outcome(initiators, initiatorSetting(HWID_FC, PERSONA_2), {}), "6 ");
+    EXPECT_EQ(outcome(hosts, hostSetting(ALPHA, PERSONA_2), answer({})), "6 ");
+    EXPECT_THAT(logged(), testing::IsEmpty());
+    EXPECT_EQ(outcome(hosts, hostSetting(GONE, PERSONA_1), answer({})), "6 ");
+    EXPECT_THAT(logged(),
+                testing::Contains("2 \tException: hardware ID collection getInstance error.\n"));
+    EXPECT_EQ(
+        outcome(hosts, "CIM_ElementSettingData.ManagedElement=\"x\",SettingData=\"y\"", answer({})),
+        "6 ");
+    const std::string noNamespace =
+        "QRV_HardwareIDElementSettingData.ManagedElement=" + quoted(HWID_FC) +
+        ",SettingData=" + quoted(PERSONA_1);
+    EXPECT_EQ(outcome(initiators, noNamespace, {}), "6 ");
+    // The server's own handler refuses to complete without an instance.
+    EXPECT_EQ(outcomeOf([&] {
+                  CIMOMHandle(&broker()).getInstance(requestOf("viewer"), "root/qrv",
+                                                     pathOf(hostSetting(ALPHA, PERSONA_2)), false,
+                                                     false, false, {});
+              }).substr(0, 2),
+              "6 ");
+}
+
+TEST_F(AssociationDetailTest, aServiceWithNothingToManageIsEnumeratedByNamesAlone) {
+    qrvtest::ModuleProvider services("QRV_MgmtServicesForStorageHWIDCollectionProvider", broker());
+    const std::string association = "QRV_MgmtServicesForStorageHWIDCollection";
+    qrvtest::setHosts("");
+    EXPECT_THAT(enumerateInstances(services.instances(), association), testing::IsEmpty());
+    EXPECT_EQ(enumerateInstanceNames(services.instances(), association), answer({}));
+}
 
 }  // namespace

@@ -4,10 +4,13 @@
 #include <qrvapi.h>
 
 #include "QRV_AuthorizedPrivilegeProvider.h"
+#include "QRV_HWIDCollectionElementSettingDataProvider.h"
+#include "QRV_HardwareIDElementSettingDataProvider.h"
 #include "QRV_HostedStorageDomainGroup.h"
 #include "QRV_HostedStorageHardwareIDCollectionProvider.h"
 #include "QRV_MemberOfStorageHardwareIDCollectionProvider.h"
 #include "QRV_MgmtServiceForAuthorizedPrivilege.h"
+#include "QRV_MgmtServicesForStorageHWIDCollectionProvider.h"
 #include "QRV_PrivilegeForSCSIControllerProvider.h"
 #include "QRV_PrivilegeForStorageHardwareIDCollectionProvider.h"
 #include "QRV_PrivilegeForStorageHardwareIDProvider.h"
@@ -43,6 +46,8 @@ constexpr Entry PROVIDERS[] = {
      create<QRV_MemberOfStorageHardwareIDCollectionProvider>},
     {"QRV_HostedStorageHardwareIDCollectionProvider",
      create<QRV_HostedStorageHardwareIDCollectionProvider>},
+    {"QRV_MgmtServicesForStorageHWIDCollectionProvider",
+     create<QRV_MgmtServicesForStorageHWIDCollectionProvider>},
     {"QRV_StorageHardwareIDManagementServiceProvider",
      create<QRV_StorageHardwareIDManagementServiceProvider>},
     {"QRV_AuthorizedPrivilegeProvider", create<QRV_AuthorizedPrivilegeProvider>},
@@ -58,6 +63,9 @@ constexpr Entry PROVIDERS[] = {
     {"QRV_iSPCAssociatedPrivilegeProvider", create<QRV_iSPCAssociatedPrivilegeProvider>},
     {"QRV_StorageClientSettingDataProvider", create<QRV_StorageClientSettingDataProvider>},
     {"QRV_SystemClientSettingDataProvider", create<QRV_SystemClientSettingDataProvider>},
+    {"QRV_HardwareIDElementSettingDataProvider", create<QRV_HardwareIDElementSettingDataProvider>},
+    {"QRV_HWIDCollectionElementSettingDataProvider",
+     create<QRV_HWIDCollectionElementSettingDataProvider>},
     {"QRV_StorageDomainGroup", create<QRV_StorageDomainGroup>},
     {"QRV_HostedStorageDomainGroup", create<QRV_HostedStorageDomainGroup>},
 };

@@ -1,0 +1,240 @@
+#include "QRV_HardwareIDElementSettingDataProvider.h"
+
+#include <string>
+#include <unordered_map>
+
+#include "../QRV_Common.h"
+#include "QRV_HardwareIDMethods.h"
+#include "QRV_StorageHardwareIDProvider.h"
+
+namespace Pegasus {
+
+namespace {
+
+const CIMName HARDWARE_ID("QRV_StorageHardwareID");
+
+/// The persona of the first host that holds the initiator.
+Persona personaOfInitiator(const CIMObjectPath& hardwareID) {
+    const String storageID = QRV_StorageHardwareIDProvider::extractHostWWNOrISCSIName(hardwareID);
+    if (storageID.size() == 0) return std::nullopt;
+    if (!QRV_StorageHardwareIDProvider::isFCStorageHardwareID(hardwareID))
+        return personaOfFirstHost(nullptr, QRV_NO_WWN, storageID.getCString());
+    qrv_u64 hostWWN = QRV_NO_WWN;
+    // The number that selects no WWN would select every host.
+    if (!readWwn(storageID, hostWWN) || hostWWN == QRV_NO_WWN) return std::nullopt;
+    return personaOfFirstHost(nullptr, hostWWN, nullptr);
+}
+
+Persona personaOfEnd(const SettingRequest&, const CIMObjectPath& hardwareID) {
+    return personaOfInitiator(hardwareID);
+}
+
+Array<CIMInstance> hardwareIDsOf(const SettingRequest& request, Uint32 persona) {
+    Array<CIMInstance> hardwareIDs;
+    HostList hosts;
+    if (!readHosts(hosts, nullptr, QRV_NO_WWN, nullptr)) {
+        log_message(2,
+                    "--> QRV_HardwareIDElementSettingDataProvider::_getRelatedInstances()  "
+                    "api_getHosts failed.\n");
+        return hardwareIDs;
+    }
+    CIMClass hardwareIDClass = QRV_Common::getStoredCIMClass(
+        request.cimom, OperationContext(), QRV_NAMESPACE, HARDWARE_ID, false,
+        request.includeQualifiers, request.includeClassOrigin, request.propertyList);
+    for (unsigned int i = 0; i < hosts->count; ++i) {
+        const api_Host_t& host = hosts->hosts[i];
+        if (host.name[0] != '\0' && host.host_persona == persona)
+            hardwareIDs.appendArray(QRV_StorageHardwareIDProvider::buildInstance(
+                request.systemAddress, hardwareIDClass, host.name, host.paths, host.pathCount));
+    }
+    return hardwareIDs;
+}
+
+/// Persona 0 is no host's own. Of hosts with one name the first that has a persona counts.
+using PersonasByHost = std::unordered_map<std::string, Uint32>;
+
+PersonasByHost readPersonas() {
+    PersonasByHost personas;
+    HostList hosts;
+    if (!readHosts(hosts, nullptr, QRV_NO_WWN, nullptr) || hosts->count == 0)
+        log_message(3, "\tNo valid host gets returned.\n");
+    for (unsigned int i = 0; i < hosts->count; ++i) {
+        const api_Host_t& host = hosts->hosts[i];
+        if (host.name[0] != '\0' && host.host_persona != 0)
+            personas.emplace(host.name, host.host_persona);
+    }
+    return personas;
+}
+
+std::function<Persona(const CIMInstance&)> personasOfAll() {
+    return [personas = readPersonas()](const CIMInstance& hardwareID) -> Persona {
+        if (QRV_Common::getStringProperty(hardwareID, "StorageID").size() == 0) return std::nullopt;
+        const String hostName = QRV_Common::getStringProperty(hardwareID, "ElementName");
+        const auto found = personas.find(static_cast<const char*>(hostName.getCString()));
+        return found == personas.end() ? Persona() : found->second;
+    };
+}
+
+const ElementSettingKind KIND{
+    {"QRV_HardwareIDElementSettingDataProvider", "QRV_HardwareIDElementSettingDataProvider",
+     "CIM_ElementSettingData", "QRV_HardwareIDElementSettingData", 2, " Expect two keys."},
+    {{},
+     {"ManagedElement", "SettingData"},
+     {"CIM_ElementSettingData", "QRV_HardwareIDElementSettingData"},
+     {"CIM_Identity", "CIM_StorageHardwareID", "QRV_StorageHardwareID", "CIM_ManagedElement",
+      "CIM_SettingData", "CIM_StorageClientSettingData", "QRV_StorageClientSettingData"},
+     true,
+     {}},
+    HARDWARE_ID,
+    false,
+    true,
+    personaOfInitiator,
+    personaOfEnd,
+    hardwareIDsOf,
+    personasOfAll};
+
+constexpr int REFUSAL_LEVEL = 2;
+
+}  // namespace
+
+QRV_HardwareIDElementSettingDataProvider::QRV_HardwareIDElementSettingDataProvider() = default;
+QRV_HardwareIDElementSettingDataProvider::~QRV_HardwareIDElementSettingDataProvider() = default;
+
+void QRV_HardwareIDElementSettingDataProvider::initialize(CIMOMHandle& cimom) {
+    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::initialize(cimom)");
+    _cimom = cimom;
+    _systemAddress = QRV_Common::getSystemHostName(cimom);
+}
+
+void QRV_HardwareIDElementSettingDataProvider::terminate() {
+    delete this;
+}
+
+ElementSettingAssociation QRV_HardwareIDElementSettingDataProvider::_association(
+    const OperationContext& context, Boolean includeQualifiers, Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList) {
+    return ElementSettingAssociation(KIND, {_cimom, _systemAddress, context, includeQualifiers,
+                                            includeClassOrigin, propertyList});
+}
+
+void QRV_HardwareIDElementSettingDataProvider::associators(
+    const OperationContext& context, const CIMObjectPath& objectPath,
+    const CIMName& associationClass, const CIMName& resultClass, const String& role,
+    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
+    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::associators()");
+    const AssociationRequest request{"associators", objectPath, associationClass,
+                                     resultClass,   role,       resultRole};
+    if (!beginAssociation(KIND.frame, KIND.rules, REFUSAL_LEVEL, context, request)) return;
+    deliverObjects(_getRelatedInstances(objectPath, context, includeQualifiers, includeClassOrigin,
+                                        propertyList),
+                   handler);
+}
+
+void QRV_HardwareIDElementSettingDataProvider::associatorNames(
+    const OperationContext& context, const CIMObjectPath& objectPath,
+    const CIMName& associationClass, const CIMName& resultClass, const String& role,
+    const String& resultRole, ObjectPathResponseHandler& handler) {
+    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::associatorNames()");
+    const AssociationRequest request{"associatorNames", objectPath, associationClass,
+                                     resultClass,       role,       resultRole};
+    if (!beginAssociation(KIND.frame, KIND.rules, REFUSAL_LEVEL, context, request)) return;
+    deliverPaths(_getRelatedInstanceNames(objectPath, context), handler);
+}
+
+void QRV_HardwareIDElementSettingDataProvider::references(
+    const OperationContext& context, const CIMObjectPath& objectPath, const CIMName& resultClass,
+    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
+    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::references()");
+    const AssociationRequest request{"references", objectPath, CIMName(),
+                                     resultClass,  role,       String::EMPTY};
+    if (!beginAssociation(KIND.frame, KIND.rules, REFUSAL_LEVEL, context, request)) return;
+    deliverObjects(_buildAssociationInstances(objectPath, context, includeQualifiers,
+                                              includeClassOrigin, propertyList),
+                   handler);
+}
+
+void QRV_HardwareIDElementSettingDataProvider::referenceNames(const OperationContext& context,
+                                                              const CIMObjectPath& objectPath,
+                                                              const CIMName& resultClass,
+                                                              const String& role,
+                                                              ObjectPathResponseHandler& handler) {
+    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::referenceNames()");
+    const AssociationRequest request{"referenceNames", objectPath, CIMName(),
+                                     resultClass,      role,       String::EMPTY};
+    if (!beginAssociation(KIND.frame, KIND.rules, REFUSAL_LEVEL, context, request)) return;
+    deliverPaths(_buildAssociationInstances(objectPath, context, false, false, CIMPropertyList()),
+                 handler);
+}
+
+void QRV_HardwareIDElementSettingDataProvider::getInstance(const OperationContext& context,
+                                                           const CIMObjectPath& instanceName,
+                                                           const Boolean includeQualifiers,
+                                                           const Boolean includeClassOrigin,
+                                                           const CIMPropertyList& propertyList,
+                                                           InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::getInstance()");
+    _association(context, includeQualifiers, includeClassOrigin, propertyList)
+        .getInstance(instanceName, handler);
+}
+
+void QRV_HardwareIDElementSettingDataProvider::enumerateInstances(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    const Boolean includeQualifiers, const Boolean includeClassOrigin,
+    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
+    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::enumerateInstances()");
+    _association(context, includeQualifiers, includeClassOrigin, propertyList)
+        .enumerateInstances(classReference, handler);
+}
+
+void QRV_HardwareIDElementSettingDataProvider::enumerateInstanceNames(
+    const OperationContext& context, const CIMObjectPath& classReference,
+    ObjectPathResponseHandler& handler) {
+    const OperationTrace trace(
+        "QRV_HardwareIDElementSettingDataProvider::enumerateInstanceNames()");
+    _association(context, false, false, CIMPropertyList())
+        .enumerateInstanceNames(classReference, handler);
+}
+
+void QRV_HardwareIDElementSettingDataProvider::modifyInstance(const OperationContext&,
+                                                              const CIMObjectPath&,
+                                                              const CIMInstance&, const Boolean,
+                                                              const CIMPropertyList&,
+                                                              ResponseHandler&) {
+    refuse(KIND.frame, "modifyInstance");
+}
+
+void QRV_HardwareIDElementSettingDataProvider::createInstance(const OperationContext&,
+                                                              const CIMObjectPath&,
+                                                              const CIMInstance&,
+                                                              ObjectPathResponseHandler&) {
+    refuse(KIND.frame, "createInstance");
+}
+
+void QRV_HardwareIDElementSettingDataProvider::deleteInstance(const OperationContext&,
+                                                              const CIMObjectPath&,
+                                                              ResponseHandler&) {
+    refuse(KIND.frame, "deleteInstance");
+}
+
+Array<CIMInstance> QRV_HardwareIDElementSettingDataProvider::_buildAssociationInstances(
+    const CIMObjectPath& objectPath, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    return _association(context, includeQualifiers, includeClassOrigin, propertyList)
+        .associations(objectPath);
+}
+
+Array<CIMInstance> QRV_HardwareIDElementSettingDataProvider::_getRelatedInstances(
+    const CIMObjectPath& objectPath, const OperationContext& context, Boolean includeQualifiers,
+    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    return _association(context, includeQualifiers, includeClassOrigin, propertyList)
+        .relatedInstances(objectPath);
+}
+
+Array<CIMObjectPath> QRV_HardwareIDElementSettingDataProvider::_getRelatedInstanceNames(
+    const CIMObjectPath& objectPath, const OperationContext& context) {
+    return _association(context, false, false, CIMPropertyList()).relatedNames(objectPath);
+}
+
+}  // namespace Pegasus
