@@ -8,33 +8,16 @@
 
 #include <functional>
 
+#include "Discard.h"
 #include "TestServer.h"
 
 using namespace Pegasus;
+using qrvbench::DiscardInstances;
+using qrvbench::DiscardPaths;
 
 namespace {
 
 constexpr int PATHS_PER_HOST = 4;
-
-/// Takes instances or paths and forgets them.
-template <class Base, class Result>
-class Discard : public Base {
-  public:
-    void processing() override {}
-    void complete() override {}
-    void deliver(const Result& result) override {
-        ++delivered;
-        benchmark::DoNotOptimize(&result);
-    }
-    void deliver(const Array<Result>& results) override {
-        for (Uint32 i = 0; i < results.size(); ++i) deliver(results[i]);
-    }
-
-    std::int64_t delivered = 0;
-};
-
-using DiscardInstances = Discard<InstanceResponseHandler, CIMInstance>;
-using DiscardPaths = Discard<ObjectPathResponseHandler, CIMObjectPath>;
 
 void generate(std::int64_t paths) {
     qrvapi::control::reset();
