@@ -188,13 +188,6 @@ class SystemAddresses : public ToolkitTest {
     static std::size_t reads() { return control::callCount("api_getSystemDualIP"); }
 };
 
-/// The whole of a child process: the checks, and whether they held.
-template <class Checks>
-[[noreturn]] void runAndExit(Checks checks) {
-    checks();
-    std::exit(testing::Test::HasFailure() ? 1 : 0);
-}
-
 TEST_F(SystemAddresses, areReadOnceAndKept) {
     setSystem(R"("ipv4Address": "192.0.2.1", "ipv6Address": "2001:0DB8:0::1")");
     const auto checks = [] {

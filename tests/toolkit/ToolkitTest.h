@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <qrvapi_control.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -39,3 +40,10 @@ class ToolkitTest : public testing::Test {
                                    members + "}");
     }
 };
+
+/// The whole of a child process: the checks, and whether they held.
+template <class Checks>
+[[noreturn]] void runAndExit(Checks checks) {
+    checks();
+    std::exit(testing::Test::HasFailure() ? 1 : 0);
+}

@@ -145,7 +145,7 @@ void readSystem(const JsonValue& value, Model& model) {
     fillText(facts.model, value, "model");
     fillText(facts.contact, value, "contact");
     fillText(facts.owner, value, "owner");
-    facts.nodeCount = static_cast<unsigned>(value.member("nodes").number(1, 8));
+    facts.nodeCount = static_cast<unsigned>(value.member("nodes").number(1, 16));
     facts.isQuadPort = optionalFlag(value, "quadPort", false) ? 1 : 0;
     facts.hasUnitRecords = optionalFlag(value, "unitRecords", false) ? 1 : 0;
     model.setFacts(facts);

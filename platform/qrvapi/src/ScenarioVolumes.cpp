@@ -12,7 +12,8 @@ constexpr std::pair<std::string_view, volType> volumeTypes[] = {
     {"physicalCopy", VOL_TYPE_PHYS_COPY},
     {"virtualCopy", VOL_TYPE_VIRT_COPY},
     {"remoteCopy", VOL_TYPE_REMOTE_COPY},
-    {"unknown", VOL_TYPE_UNKNOWN}};
+    {"unknown", VOL_TYPE_UNKNOWN},
+    {"other", static_cast<volType>(VOL_TYPE_REMOTE_COPY + 1)}};
 
 constexpr std::pair<std::string_view, vol_mode_t> accessWords[] = {
     {"read", VOL_MODE_READ}, {"write", VOL_MODE_WRITE}, {"readWrite", VOL_MODE_READWRITE}};

@@ -38,6 +38,20 @@ union cim_handler_u {
 /// Policy bits that the sibling libraries share through the internal cache.
 typedef qrv_u32 cim_policy_t;
 
+/// What a RAID level gives. Redundancies are numbers of copies, depths are in bytes.
+struct raidMappingTable_s {
+    int raidType;  ///< 0, 10, 50 or 60.
+    Uint16 packageRedundancy;
+    Uint16 dataRedundancy;
+    bool noSinglePointOfFailure;
+    Uint16 extentStripeLengthDefault;
+    Uint64 userDataStripeDepthDefaultFCNL;
+    Uint64 userDataStripeDepthDefaultSSD;
+};
+
+/// The RAID levels of the array.
+extern PEGASUS_EXPORT const raidMappingTable_s raidMappingTable[4];
+
 /// Static members only. Every function may be called on any thread.
 class PEGASUS_EXPORT QRV_Common {
   public:
@@ -318,6 +332,70 @@ class PEGASUS_EXPORT QRV_Common {
     /// (`saleable` not 0) its serial and product number. Nothing is set without a record, and on an
     /// array whose units have none.
     static void setMfgFRU(const api_mfg_t* mfg, int saleable, CIMInstance& instance);
+
+    // ---- Storage settings ----------------------------------------------------------------------
+
+    /// Fills an instance of a storage setting or storage capabilities class, and sets its path. The
+    /// InstanceID alone tells what it is for: a kind of volume or pool, and often a kind of disks.
+    /// An InstanceID of no known form gives no caption and only what all instances of the class
+    /// have; for a setting these are ChangeableType and LowSpaceWarningThreshold besides its names.
+    /// With a RAID level that the array doesn't have, goals, ranges and stripe depths are 0, and
+    /// ParityLayout is that of a level without parity. A setting for a thin volume asks for the
+    /// system's type, and what getSystemType() throws passes.
+    static void fillInRAIDProperties(CIMInstance& instance, const String& systemAddress,
+                                     const String& instanceID, const String& elementName,
+                                     int raidType);
+
+    /// Whether an InstanceID is that of a setting of this origin: fixed for volumes, fixed for
+    /// dynamic pools, either; generated with a default, generated as a goal, either.
+    static Boolean isLegacyVolumeFixedSettingFromConcretePoolCap(const String& instanceID);
+    static Boolean isDSPFixedSettingFromConcreteOrPrimordialPoolCap(const String& instanceID);
+    static Boolean isFixedSettingFromConcretePoolCap(const String& instanceID);
+    static Boolean isGenDefSettingFromConcretePoolCap(const String& instanceID);
+    static Boolean isGenGoalSettingFromConcretePoolCap(const String& instanceID);
+    static Boolean isGenSettingFromConcretePoolCap(const String& instanceID);
+
+    /// The RAID level with these redundancies: 0, 10, 50 or 60; 99 when there is none.
+    static int returnRAIDType(Uint16 packageRedundancy, Uint16 dataRedundancy);
+
+    /// Whether two pairs of redundancies have the same RAID level, none for both included, or one
+    /// pair has this level.
+    static bool isSameRAID(Uint16 dataRedundancy1, Uint16 packageRedundancy1,
+                           Uint16 dataRedundancy2, Uint16 packageRedundancy2);
+    static bool isSameRAID(Uint16 raidType, Uint16 dataRedundancy, Uint16 packageRedundancy);
+
+    /// A RAID level as "RAID10"; empty for one that the array doesn't have.
+    static String getRaidTypeStr(int raidType);
+
+    /// How much a dynamic pool grows by at most, at least and by default, in bytes. It goes by the
+    /// number of nodes, which is read from the array at the first use that succeeds; until then the
+    /// values are those of the smallest array. With more than eight nodes `min` and `def` stay as
+    /// they were.
+    static void getDSPAllocUnitBoundaryValues(Uint64& max, Uint64& min, Uint64& def);
+
+    /// The path of a setting or of capabilities.
+    static CIMObjectPath buildSettingCapObjectPath(const String& systemAddress,
+                                                   const CIMName& className,
+                                                   const String& instanceID);
+
+    /// Copies what a goal setting says into the settings that a volume is made with, which the
+    /// caller has filled in; a property that is missing or null leaves its field alone, but for
+    /// Description, without which there is no comment. `origRaidType` is the volume's level as long
+    /// as the goal gives none. An uninitialized goal says nothing; it and one without disk
+    /// properties ask for disks of `diskDeviceType` alone, or for nothing when these are FC.
+    ///
+    /// Values aren't checked: that is the array's part, when the settings are used. A number that
+    /// its field doesn't hold becomes the largest that it does, so that the array sees it is too
+    /// large. A level of 10 from a template without DataRedundancyGoal leaves the set size alone.
+    ///
+    /// The i-th entries of all disk properties make the i-th disk pattern. There are as many
+    /// patterns as the shortest list has entries, since one without its full conditions would take
+    /// disks that nobody asked for; an empty list is none. Patterns that don't fit, or that the
+    /// array library refuses, are left out with all that follow.
+    ///
+    /// A property of another type throws TypeMismatchException, and nothing has been changed.
+    static void setStorageSetting(const CIMInstance& goalSettingInst, int origRaidType,
+                                  devtype_e diskDeviceType, api_vol_setting_t* pStorageSetting);
 
     // ---- Identity of the system ----------------------------------------------------------------
 

@@ -10,7 +10,7 @@
 extern "C" {
 #endif
 
-/// What a volume is.
+/// What a volume is. An array may have further kinds.
 typedef enum {
     VOL_TYPE_UNKNOWN = 0,
     VOL_TYPE_BASE = 1,
