@@ -67,6 +67,7 @@ Pegasus::QRV_Common::isPoolPath
 Pegasus::QRV_Common::isQuadPortSystem
 Pegasus::QRV_Common::isSameRAID
 Pegasus::QRV_Common::matchObjectPath
+Pegasus::QRV_Common::modifySPC
 Pegasus::QRV_Common::removeVVs
 Pegasus::QRV_Common::returnRAIDType
 Pegasus::QRV_Common::setEventOp

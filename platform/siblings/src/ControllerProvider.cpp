@@ -104,10 +104,35 @@ void ControllerProvider::enumerateInstanceNames(const OperationContext& context,
     handler.complete();
 }
 
-void ControllerProvider::modifyInstance(const OperationContext&, const CIMObjectPath&,
-                                        const CIMInstance&, const Boolean, const CIMPropertyList&,
-                                        ResponseHandler&) {
-    refuse(_frame, "modifyInstance");
+/// Many clients send back the whole instance: what they mean is what differs from the controller as
+/// it stands. Null, for all properties, when the array has no such controller.
+CIMPropertyList ControllerProvider::_differences(const CIMObjectPath& instanceName,
+                                                 const CIMInstance& instance) {
+    CIMPropertyList result;
+    _walk(instanceName, false, false, CIMPropertyList(), [&](const CIMInstance& present) {
+        Array<CIMName> names;
+        for (Uint32 i = 0; i < instance.getPropertyCount(); ++i) {
+            const CIMConstProperty property = instance.getProperty(i);
+            const Uint32 place = present.findProperty(property.getName());
+            if (place == PEG_NOT_FOUND ||
+                !property.getValue().equal(present.getProperty(place).getValue()))
+                names.append(property.getName());
+        }
+        result = CIMPropertyList(names);
+    });
+    return result;
+}
+
+void ControllerProvider::modifyInstance(const OperationContext& context,
+                                        const CIMObjectPath& instanceName,
+                                        const CIMInstance& instance,
+                                        const Boolean includeQualifiers,
+                                        const CIMPropertyList& propertyList,
+                                        ResponseHandler& handler) {
+    openArray(_frame, context);
+    QRV_Common::modifySPC(
+        context, instanceName, instance, includeQualifiers,
+        propertyList.isNull() ? _differences(instanceName, instance) : propertyList, handler);
 }
 
 void ControllerProvider::createInstance(const OperationContext&, const CIMObjectPath&,

@@ -12,7 +12,8 @@ extern const ProviderFrame SCSI_CONTROLLER;
 extern const ProviderFrame ISCSI_CONTROLLER;
 
 /// Instance provider of one class of controllers. Enumerations deliver as the array hands out
-/// controllers, one chunk at a time.
+/// controllers, one chunk at a time. A controller's ElementName may be changed, which renames the
+/// host.
 class ControllerProvider : public CIMInstanceProvider {
   public:
     /// `frame` outlives the provider.
@@ -46,6 +47,7 @@ class ControllerProvider : public CIMInstanceProvider {
     template <class Take>
     void _walk(const CIMObjectPath& instanceReference, Boolean includeQualifiers,
                Boolean includeClassOrigin, const CIMPropertyList& propertyList, Take take);
+    CIMPropertyList _differences(const CIMObjectPath& instanceName, const CIMInstance& instance);
 
     const ProviderFrame& _frame;
     CIMOMHandle _cimom;

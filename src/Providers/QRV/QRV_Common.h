@@ -294,6 +294,19 @@ class PEGASUS_EXPORT QRV_Common {
                                   api_spc_param_data* spcParam, Uint32* cursor_id,
                                   Uint32 chunk_size);
 
+    /// Renames the host behind a controller, which is the one thing that a client may change of it:
+    /// ElementName, by way of a matched set or host sees controller. `propertyList` says which of
+    /// `instanceObject`'s properties count, all when it is null; `includeQualifiers` isn't read.
+    ///
+    /// Throws TraceableCIMException for a requester without the right; CIMOperationFailedException
+    /// without a DeviceID, or with the array's text when it refuses the name;
+    /// CIMInvalidParameterException for any other property; CIMNotSupportedException for other
+    /// controllers and for an empty name. An empty list, and the name that the host has, change
+    /// nothing.
+    static void modifySPC(const OperationContext& context, const CIMObjectPath& instanceReference,
+                          const CIMInstance& instanceObject, Boolean includeQualifiers,
+                          const CIMPropertyList& propertyList, ResponseHandler& handler);
+
     /// The name of the array behind a target of remote copy; empty when there is no such target.
     static String RCTargetToSysname(const api_rcopy_t& rcopy, const String& targetName);
 
