@@ -1,7 +1,6 @@
 #include "QRV_AssociationFrame.h"
 
 #include "QRV_Common.h"
-#include "QRV_PathMatcher.h"
 
 namespace Pegasus {
 
@@ -58,15 +57,6 @@ Array<CIMObjectPath> pathsOf(const Array<CIMInstance>& instances) {
     paths.reserveCapacity(instances.size());
     for (Uint32 i = 0; i < instances.size(); ++i) paths.append(instances[i].getPath());
     return paths;
-}
-
-Array<CIMInstance> matching(const CIMObjectPath& instanceName,
-                            const Array<CIMInstance>& instances) {
-    const PathMatcher wanted(instanceName);
-    Array<CIMInstance> found;
-    for (Uint32 i = 0; i < instances.size() && found.size() == 0; ++i)
-        if (wanted.matches(instances[i].getPath())) found.append(instances[i]);
-    return found;
 }
 
 CIMObjectPath referenceKey(const CIMObjectPath& associationPath, const char* role) {

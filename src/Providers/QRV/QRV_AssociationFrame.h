@@ -5,6 +5,7 @@
 
 #include "QRV_AssociationRequest.h"
 #include "QRV_OperationFrame.h"
+#include "QRV_PathMatcher.h"
 
 namespace Pegasus {
 
@@ -29,9 +30,6 @@ void deliverObjects(const Array<CIMInstance>& found, ObjectResponseHandler&);
 
 /// The paths of instances, in their order.
 Array<CIMObjectPath> pathsOf(const Array<CIMInstance>& instances);
-
-/// The first of the instances that `instanceName` names; nothing when there is none.
-Array<CIMInstance> matching(const CIMObjectPath& instanceName, const Array<CIMInstance>& instances);
 
 /// The path that a reference key holds; a path without class when there is no such key. Throws
 /// MalformedObjectNameException when the key holds no path.

@@ -81,9 +81,10 @@ void beginEnumeration(const ProviderFrame& frame, const OperationContext& contex
 }
 
 void deliverFound(const ProviderFrame& frame, const Array<CIMInstance>& instances,
-                  InstanceResponseHandler& handler) {
+                  InstanceResponseHandler& handler, const String& detail) {
     if (instances.size() == 0)
-        throw CIMObjectNotFoundException(String(frame.className) + " CIM Object not found.");
+        throw CIMObjectNotFoundException(String(frame.className) + " CIM Object not found." +
+                                         detail);
     handler.processing();
     handler.deliver(instances[0]);
     handler.complete();

@@ -50,9 +50,9 @@ void beginEnumeration(const ProviderFrame&, const OperationContext&,
                       const CIMObjectPath& classReference, Uint32 line = __builtin_LINE());
 
 /// Delivers the first of the instances that were found for a path and completes the answer. Throws
-/// CIMObjectNotFoundException when there is none.
+/// CIMObjectNotFoundException when there is none, with `detail` at the end of its text.
 void deliverFound(const ProviderFrame&, const Array<CIMInstance>& instances,
-                  InstanceResponseHandler&);
+                  InstanceResponseHandler&, const String& detail = String());
 
 /// Deliver what an operation found, each between processing() and complete(), in order. An empty
 /// answer is a complete one.

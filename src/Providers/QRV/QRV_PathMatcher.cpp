@@ -91,4 +91,13 @@ bool PathMatcher::matches(const CIMObjectPath& candidate) const {
     return _normalized->identical(normalizedPath(candidate));
 }
 
+Array<CIMInstance> matching(const CIMObjectPath& instanceName,
+                            const Array<CIMInstance>& instances) {
+    const PathMatcher wanted(instanceName);
+    Array<CIMInstance> found;
+    for (Uint32 i = 0; i < instances.size() && found.size() == 0; ++i)
+        if (wanted.matches(instances[i].getPath())) found.append(instances[i]);
+    return found;
+}
+
 }  // namespace Pegasus

@@ -2,6 +2,7 @@
 // references or as strings.
 #pragma once
 
+#include <Pegasus/Common/CIMInstance.h>
 #include <Pegasus/Common/CIMObjectPath.h>
 
 #include <optional>
@@ -23,5 +24,8 @@ class PathMatcher {
     CIMObjectPath _target;                             ///< as given
     mutable std::optional<CIMObjectPath> _normalized;  ///< as it is compared, once that is needed
 };
+
+/// The first of the instances that `instanceName` names; nothing when there is none.
+Array<CIMInstance> matching(const CIMObjectPath& instanceName, const Array<CIMInstance>& instances);
 
 }  // namespace Pegasus

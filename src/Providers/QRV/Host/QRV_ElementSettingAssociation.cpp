@@ -3,7 +3,7 @@
 #include <unordered_map>
 
 #include "../QRV_ArrayGate.h"
-#include "../QRV_Common.h"
+#include "../QRV_StoredClass.h"
 #include "QRV_StorageClientSettingDataProvider.h"
 
 namespace Pegasus {
@@ -55,10 +55,9 @@ void completeEmpty(InstanceResponseHandler& handler) {
 
 }  // namespace
 
-CIMClass ElementSettingAssociation::storedClass(const CIMPropertyList& propertyList) const {
-    return QRV_Common::getStoredCIMClass(_request.cimom, OperationContext(), QRV_NAMESPACE,
-                                         _kind.frame.qrvClass, false, _request.includeQualifiers,
-                                         _request.includeClassOrigin, propertyList);
+CIMClass ElementSettingAssociation::associationClass(const CIMPropertyList& propertyList) const {
+    return storedClass(_request.cimom, _kind.frame.qrvClass,
+                       {_request.includeQualifiers, _request.includeClassOrigin, propertyList});
 }
 
 CIMInstance ElementSettingAssociation::build(CIMClass& cimClass, const CIMObjectPath& element,
@@ -75,7 +74,7 @@ CIMInstance ElementSettingAssociation::build(CIMClass& cimClass, const CIMObject
 
 Array<CIMInstance> ElementSettingAssociation::associations(const CIMObjectPath& objectPath) const {
     const CIMName& source = objectPath.getClassName();
-    CIMClass cimClass = storedClass(_request.propertyList);
+    CIMClass cimClass = associationClass(_request.propertyList);
     if (source.equal(_kind.frame.qrvClass)) return associationNamed(objectPath, cimClass);
 
     const Array<CIMObjectPath> related = relatedNames(objectPath);
@@ -155,7 +154,7 @@ void ElementSettingAssociation::getInstance(const CIMObjectPath& instanceName,
 
 template <class Handler, class Deliver>
 void ElementSettingAssociation::enumerate(Handler& handler, Deliver deliver) const {
-    CIMClass cimClass = storedClass(CIMPropertyList());
+    CIMClass cimClass = associationClass(CIMPropertyList());
     const std::vector<Link> links = allLinks();
     handler.processing();
     for (const Link& link : links) deliver(build(cimClass, link.element, link.setting));

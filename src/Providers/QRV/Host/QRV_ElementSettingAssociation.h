@@ -77,7 +77,7 @@ class ElementSettingAssociation {
         CIMObjectPath setting;
     };
 
-    CIMClass storedClass(const CIMPropertyList& propertyList) const;
+    CIMClass associationClass(const CIMPropertyList& propertyList) const;
     CIMInstance build(CIMClass& cimClass, const CIMObjectPath& element,
                       const CIMObjectPath& setting) const;
     Array<CIMInstance> associationNamed(const CIMObjectPath& path, CIMClass& cimClass) const;

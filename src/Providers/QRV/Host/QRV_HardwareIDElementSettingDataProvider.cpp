@@ -3,7 +3,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "../QRV_Common.h"
+#include "../QRV_StoredClass.h"
 #include "QRV_HardwareIDMethods.h"
 #include "QRV_StorageHardwareIDProvider.h"
 
@@ -38,9 +38,9 @@ Array<CIMInstance> hardwareIDsOf(const SettingRequest& request, Uint32 persona) 
                     "api_getHosts failed.\n");
         return hardwareIDs;
     }
-    CIMClass hardwareIDClass = QRV_Common::getStoredCIMClass(
-        request.cimom, OperationContext(), QRV_NAMESPACE, HARDWARE_ID, false,
-        request.includeQualifiers, request.includeClassOrigin, request.propertyList);
+    CIMClass hardwareIDClass =
+        storedClass(request.cimom, HARDWARE_ID,
+                    {request.includeQualifiers, request.includeClassOrigin, request.propertyList});
     for (unsigned int i = 0; i < hosts->count; ++i) {
         const api_Host_t& host = hosts->hosts[i];
         if (host.name[0] != '\0' && host.host_persona == persona)

@@ -2,8 +2,8 @@
 
 #include <Pegasus/Provider/ProviderException.h>
 
-#include "../QRV_Common.h"
 #include "../QRV_PathMatcher.h"
+#include "../QRV_StoredClass.h"
 
 namespace Pegasus {
 
@@ -12,9 +12,8 @@ Array<CIMInstance> HostedAssociation::associations(const CIMObjectPath& objectNa
                                                    Boolean includeQualifiers,
                                                    Boolean includeClassOrigin,
                                                    const CIMPropertyList& propertyList) {
-    CIMClass cimClass =
-        QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, _associationClass,
-                                      false, includeQualifiers, includeClassOrigin, propertyList);
+    CIMClass cimClass = storedClass(_cimom, _associationClass,
+                                    {includeQualifiers, includeClassOrigin, propertyList});
     if (objectName.getClassName().isNull()) return allAssociations(cimClass, context);
 
     const bool fromSystem = objectName.getClassName().equal(_systemClass);

@@ -3,9 +3,9 @@
 #include <Pegasus/Provider/ProviderException.h>
 
 #include "../QRV_AssociationFrame.h"
-#include "../QRV_Common.h"
 #include "../QRV_InstanceID.h"
 #include "../QRV_PathMatcher.h"
+#include "../QRV_StoredClass.h"
 #include "QRV_StorageHardwareIDCollectionProvider.h"
 
 namespace Pegasus {
@@ -138,7 +138,7 @@ void QRV_MemberOfStorageHardwareIDCollectionProvider::getInstance(
     openArray(FRAME, context);
     checkClass(FRAME, instanceName.getClassName());
     checkKeyCount(FRAME, instanceName);
-    CIMClass cimClass = _storedClass(false, false, propertyList);
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, {false, false, propertyList});
     const PathMatcher wanted(instanceName);
     Array<CIMInstance> found;
     forEachMembership(_allHardwareIDs(context), _nodeAddress,
@@ -197,7 +197,7 @@ template <class Handler, class Deliver>
 void QRV_MemberOfStorageHardwareIDCollectionProvider::_enumerate(
     const OperationContext& context, const CIMPropertyList& propertyList, Handler& handler,
     Deliver deliver) {
-    CIMClass cimClass = _storedClass(false, false, propertyList);
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, {false, false, propertyList});
     const Array<CIMInstance> hardwareIDs = _allHardwareIDs(context);
     handler.processing();
     forEachMembership(hardwareIDs, _nodeAddress,
@@ -206,13 +206,6 @@ void QRV_MemberOfStorageHardwareIDCollectionProvider::_enumerate(
                           return true;
                       });
     handler.complete();
-}
-
-CIMClass QRV_MemberOfStorageHardwareIDCollectionProvider::_storedClass(
-    Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    return QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, ASSOCIATION,
-                                         false, includeQualifiers, includeClassOrigin,
-                                         propertyList);
 }
 
 CIMInstance QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssociation(
@@ -226,7 +219,8 @@ Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssoci
     const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
     Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
     const CIMName& className = objectName.getClassName();
-    CIMClass cimClass = _storedClass(includeQualifiers, includeClassOrigin, propertyList);
+    CIMClass cimClass =
+        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
     Array<CIMInstance> associations;
     if (_cimom.enumerateInstanceNames(context, QRV_NAMESPACE, className).size() == 0)
         return associations;

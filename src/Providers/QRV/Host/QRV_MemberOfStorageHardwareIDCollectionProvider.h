@@ -59,8 +59,6 @@ class QRV_MemberOfStorageHardwareIDCollectionProvider : public CIMAssociationPro
                         ResponseHandler& handler) override;
 
   private:
-    CIMClass _storedClass(Boolean includeQualifiers, Boolean includeClassOrigin,
-                          const CIMPropertyList& propertyList);
     CIMInstance _buildAssociation(CIMClass& cimClass, const CIMObjectPath& collection,
                                   const CIMObjectPath& member) const;
     Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectName,

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "../QRV_AssociationFrame.h"
-#include "../QRV_Common.h"
+#include "../QRV_StoredClass.h"
 
 namespace Pegasus {
 
@@ -197,7 +197,8 @@ void QRV_MgmtServicesForStorageHWIDCollectionProvider::enumerateInstances(
     const OperationTrace trace(
         "QRV_MgmtServicesForStorageHWIDCollectionProvider::enumerateInstances()");
     beginEnumeration(FRAME, context, classReference);
-    CIMClass cimClass = _storedClass(includeQualifiers, includeClassOrigin, propertyList);
+    CIMClass cimClass =
+        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
     const Array<CIMObjectPath> managed =
         _getRelatedInstanceNames(_storageHWIDMgmtServicePath, context, CIMName());
     if (managed.size() == 0) return;
@@ -235,13 +236,6 @@ void QRV_MgmtServicesForStorageHWIDCollectionProvider::deleteInstance(const Oper
     refuse(FRAME, "deleteInstance");
 }
 
-CIMClass QRV_MgmtServicesForStorageHWIDCollectionProvider::_storedClass(
-    Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    return QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, ASSOCIATION,
-                                         false, includeQualifiers, includeClassOrigin,
-                                         propertyList);
-}
-
 CIMInstance QRV_MgmtServicesForStorageHWIDCollectionProvider::_buildAssociation(
     CIMClass& cimClass, const CIMObjectPath& service, const CIMObjectPath& managed) const {
     return QRV_Common::buildAssocInstance(ASSOCIATION, SERVICE_ROLE, MANAGED_ROLE, service, managed,
@@ -251,7 +245,8 @@ CIMInstance QRV_MgmtServicesForStorageHWIDCollectionProvider::_buildAssociation(
 Array<CIMInstance> QRV_MgmtServicesForStorageHWIDCollectionProvider::_buildAssociationInstances(
     const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
     Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    CIMClass cimClass = _storedClass(includeQualifiers, includeClassOrigin, propertyList);
+    CIMClass cimClass =
+        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
     Array<CIMInstance> associations;
     forEachLink(objectName, _getRelatedInstanceNames(objectName, context, CIMName()),
                 [&](const CIMObjectPath& service, const CIMObjectPath& managed) {

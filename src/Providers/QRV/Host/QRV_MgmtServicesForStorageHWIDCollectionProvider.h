@@ -58,8 +58,6 @@ class QRV_MgmtServicesForStorageHWIDCollectionProvider : public CIMAssociationPr
                         ResponseHandler& handler) override;
 
   private:
-    CIMClass _storedClass(Boolean includeQualifiers, Boolean includeClassOrigin,
-                          const CIMPropertyList& propertyList);
     CIMInstance _buildAssociation(CIMClass& cimClass, const CIMObjectPath& service,
                                   const CIMObjectPath& managed) const;
     Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectName,

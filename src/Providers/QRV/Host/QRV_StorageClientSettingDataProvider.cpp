@@ -8,8 +8,8 @@
 #include <iterator>
 
 #include "../QRV_ArrayRecords.h"
-#include "../QRV_Common.h"
 #include "../QRV_PathMatcher.h"
+#include "../QRV_StoredClass.h"
 #include "../QRV_WriteFrame.h"
 
 namespace Pegasus {
@@ -136,18 +136,10 @@ void QRV_StorageClientSettingDataProvider::getInstance(const OperationContext& c
     const OperationTrace trace("QRV_StorageClientSettingDataProvider::getInstance()");
     openArray(FRAME, context);
     const String instanceID = requireInstanceID(instanceReference);
-    const Array<CIMInstance> settings =
-        _build_instances(includeQualifiers, includeClassOrigin, propertyList);
-    const PathMatcher wanted(instanceReference);
-    for (Uint32 i = 0; i < settings.size(); ++i) {
-        if (!wanted.matches(settings[i].getPath())) continue;
-        handler.processing();
-        handler.deliver(settings[i]);
-        handler.complete();
-        return;
-    }
-    throw CIMObjectNotFoundException(String(FRAME.className) + " CIM Object not found." +
-                                     instanceID);
+    deliverFound(FRAME,
+                 matching(instanceReference,
+                          _build_instances(includeQualifiers, includeClassOrigin, propertyList)),
+                 handler, instanceID);
 }
 
 void QRV_StorageClientSettingDataProvider::enumerateInstances(const OperationContext& context,
@@ -158,11 +150,8 @@ void QRV_StorageClientSettingDataProvider::enumerateInstances(const OperationCon
                                                               InstanceResponseHandler& handler) {
     const OperationTrace trace("QRV_StorageClientSettingDataProvider::enumerateInstances()");
     openArray(FRAME, context);
-    const Array<CIMInstance> settings =
-        _build_instances(includeQualifiers, includeClassOrigin, propertyList);
-    handler.processing();
-    for (Uint32 i = 0; i < settings.size(); ++i) handler.deliver(settings[i]);
-    handler.complete();
+    deliverInstances(_build_instances(includeQualifiers, includeClassOrigin, propertyList),
+                     handler);
 }
 
 void QRV_StorageClientSettingDataProvider::enumerateInstanceNames(
@@ -171,10 +160,7 @@ void QRV_StorageClientSettingDataProvider::enumerateInstanceNames(
     const OperationTrace trace("QRV_StorageClientSettingDataProvider::enumerateInstanceNames()");
     openArray(FRAME, context);
     checkClass(FRAME, classReference.getClassName());
-    const Array<CIMObjectPath> paths = _build_ref();
-    handler.processing();
-    for (Uint32 i = 0; i < paths.size(); ++i) handler.deliver(paths[i]);
-    handler.complete();
+    deliverPaths(_build_ref(), handler);
 }
 
 void QRV_StorageClientSettingDataProvider::modifyInstance(const OperationContext&,
@@ -198,8 +184,7 @@ void QRV_StorageClientSettingDataProvider::deleteInstance(const OperationContext
 Array<CIMInstance> QRV_StorageClientSettingDataProvider::_build_instances(
     Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
     CIMClass settingClass =
-        QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, SETTING_CLASS,
-                                      false, includeQualifiers, includeClassOrigin, propertyList);
+        storedClass(_cimom, SETTING_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
     PersonaList personas;
     const ArrayAnswer answer = readPersonas(personas);
     if (answer.failed()) throw CIMOperationFailedException(errorText(answer.status));

@@ -6,8 +6,8 @@
 
 #include "../QRV_ArrayGate.h"
 #include "../QRV_ArrayRecords.h"
-#include "../QRV_Common.h"
 #include "../QRV_OperationFrame.h"
+#include "../QRV_StoredClass.h"
 
 namespace Pegasus {
 
@@ -138,8 +138,7 @@ Array<CIMInstance> QRV_StorageDomainGroup::_buildInstances(const OperationContex
     const SetList sets = readSets(instanceReference);
     if (sets->count == 0) return instances;
     CIMClass domainGroupClass =
-        QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE, GROUP_CLASS, false,
-                                      includeQualifiers, includeClassOrigin, propertyList);
+        storedClass(_cimom, GROUP_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
     for (qrv_u32 i = 0; i < sets->count; ++i)
         instances.append(buildInstance(&sets->sets[i], domainGroupClass, _systemAddress));
     return instances;

@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "../QRV_ArrayRecords.h"
-#include "../QRV_Common.h"
 #include "../QRV_InstanceID.h"
+#include "../QRV_StoredClass.h"
 #include "../QRV_WriteFrame.h"
 
 namespace Pegasus {
@@ -77,13 +77,6 @@ std::optional<HostList> readHosts(const CIMObjectPath& reference) {
     return std::nullopt;
 }
 
-CIMClass storedClass(CIMOMHandle& cimom, Boolean includeQualifiers, Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList) {
-    return QRV_Common::getStoredCIMClass(cimom, OperationContext(), QRV_NAMESPACE, COLLECTION_CLASS,
-                                         false, includeQualifiers, includeClassOrigin,
-                                         propertyList);
-}
-
 /// Calls `take` with the instance of each host that is shown, one at a time.
 template <class Take>
 void forEachInstance(const HostList& hosts, const String& nodeAddress, CIMClass& cimClass,
@@ -98,7 +91,9 @@ void enumerate(CIMOMHandle& cimom, const String& nodeAddress, Boolean includeQua
                Deliver deliver) {
     const auto hosts = readHosts(CIMObjectPath());
     CIMClass cimClass;
-    if (hosts) cimClass = storedClass(cimom, includeQualifiers, includeClassOrigin, propertyList);
+    if (hosts)
+        cimClass = storedClass(cimom, COLLECTION_CLASS,
+                               {includeQualifiers, includeClassOrigin, propertyList});
     handler.processing();
     if (hosts) forEachInstance(*hosts, nodeAddress, cimClass, deliver);
     handler.complete();
@@ -299,7 +294,8 @@ Array<CIMInstance> QRV_StorageHardwareIDCollectionProvider::_buildInstances(
     Array<CIMInstance> instances;
     const auto hosts = readHosts(instanceReference);
     if (!hosts) return instances;
-    CIMClass cimClass = storedClass(_cimom, includeQualifiers, includeClassOrigin, propertyList);
+    CIMClass cimClass = storedClass(_cimom, COLLECTION_CLASS,
+                                    {includeQualifiers, includeClassOrigin, propertyList});
     forEachInstance(*hosts, _nodeAddress, cimClass,
                     [&](const CIMInstance& instance) { instances.append(instance); });
     return instances;

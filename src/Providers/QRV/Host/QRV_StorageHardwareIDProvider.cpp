@@ -7,8 +7,8 @@
 
 #include "../QRV_ArrayGate.h"
 #include "../QRV_ArrayRecords.h"
-#include "../QRV_Common.h"
 #include "../QRV_OperationFrame.h"
+#include "../QRV_StoredClass.h"
 #include "../QRV_StringTable.h"
 
 namespace Pegasus {
@@ -253,7 +253,8 @@ void QRV_StorageHardwareIDProvider::_enumerate(Boolean includeQualifiers,
                                                Boolean includeClassOrigin,
                                                const CIMPropertyList& propertyList,
                                                Handler& handler, Deliver deliver) {
-    CIMClass cimClass = _storedClass(includeQualifiers, includeClassOrigin, propertyList);
+    CIMClass cimClass = storedClass(_cimom, HARDWARE_ID_CLASS,
+                                    {includeQualifiers, includeClassOrigin, propertyList});
     const Selection selection = _select(CIMObjectPath());
     handler.processing();
     selection.forEachInstance(_nodeAddress, cimClass, [&](const CIMInstance& instance) {
@@ -267,21 +268,14 @@ Array<CIMInstance> QRV_StorageHardwareIDProvider::_buildInstances(
     const CIMObjectPath& path, Boolean includeQualifiers, Boolean includeClassOrigin,
     const CIMPropertyList& propertyList) {
     const OperationTrace trace("QRV_StorageHardwareIDProvider::_buildInstances()");
-    CIMClass cimClass = _storedClass(includeQualifiers, includeClassOrigin, propertyList);
+    CIMClass cimClass = storedClass(_cimom, HARDWARE_ID_CLASS,
+                                    {includeQualifiers, includeClassOrigin, propertyList});
     Array<CIMInstance> instances;
     _select(path).forEachInstance(_nodeAddress, cimClass, [&](const CIMInstance& instance) {
         instances.append(instance);
         return false;
     });
     return instances;
-}
-
-CIMClass QRV_StorageHardwareIDProvider::_storedClass(Boolean includeQualifiers,
-                                                     Boolean includeClassOrigin,
-                                                     const CIMPropertyList& propertyList) {
-    return QRV_Common::getStoredCIMClass(_cimom, OperationContext(), QRV_NAMESPACE,
-                                         HARDWARE_ID_CLASS, false, includeQualifiers,
-                                         includeClassOrigin, propertyList);
 }
 
 /// The records that answer for `path`, or all of them when it names no class. A failed array call

@@ -74,8 +74,6 @@ class QRV_StorageHardwareIDProvider : public CIMInstanceProvider {
     Array<CIMInstance> _buildInstances(const CIMObjectPath& path, Boolean includeQualifiers,
                                        Boolean includeClassOrigin,
                                        const CIMPropertyList& propertyList);
-    CIMClass _storedClass(Boolean includeQualifiers, Boolean includeClassOrigin,
-                          const CIMPropertyList& propertyList);
     template <class Handler, class Deliver>
     void _enumerate(Boolean includeQualifiers, Boolean includeClassOrigin,
                     const CIMPropertyList& propertyList, Handler& handler, Deliver deliver);
