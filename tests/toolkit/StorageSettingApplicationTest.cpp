@@ -218,9 +218,11 @@ TEST_F(StorageSettingApplicationTest, entriesOfOnePlaceMakeOnePattern) {
                         {"DiskCages", texts({"1"})},
                         {"DiskRPM", numbers({7, 8})}}),
               "nodes=1 cages=1 rpm=7 type=FC;");
-    EXPECT_EQ(patterns({{"DiskCages", texts({"1", "2"})}, {"DiskRPM", numbers({})}}, devtype_nl),
-              "cages=1 type=NL;cages=2 type=NL;")
-        << "an empty list takes nothing away";
+    const std::pair<const char*, CIMValue> two("DiskCages", texts({"1", "2"}));
+    EXPECT_EQ(patterns({{"DiskIDs", texts({})}, two}), "old") << "the list read last decides";
+    EXPECT_EQ(patterns({two, {"DiskRPM", numbers({})}}, devtype_nl), "type=NL;");
+    EXPECT_EQ(patterns({{"DiskPrimPathNodes", texts({})}, two}),
+              "cages=1 type=FC;cages=2 type=FC;");
 }
 
 TEST_F(StorageSettingApplicationTest, patternsThatDoNotFitAreLeftOut) {

@@ -401,10 +401,10 @@ class PEGASUS_EXPORT QRV_Common {
     /// its field doesn't hold becomes the largest that it does, so that the array sees it is too
     /// large. A level of 10 from a template without DataRedundancyGoal leaves the set size alone.
     ///
-    /// The i-th entries of all disk properties make the i-th disk pattern. There are as many
-    /// patterns as the shortest list has entries, since one without its full conditions would take
-    /// disks that nobody asked for; an empty list is none. Patterns that don't fit, or that the
-    /// array library refuses, are left out with all that follow.
+    /// The i-th entries of all disk properties make the i-th disk pattern. The property that is
+    /// read last, in the order of the class, says how many there are, though none goes without its
+    /// full conditions: a shorter list with entries shortens them. Patterns that don't fit, or that
+    /// the array library refuses, are left out with all that follow.
     ///
     /// A property of another type throws TypeMismatchException, and nothing has been changed.
     static void setStorageSetting(const CIMInstance& goalSettingInst, int origRaidType,

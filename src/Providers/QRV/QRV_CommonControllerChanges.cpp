@@ -50,8 +50,9 @@ Change wholeChange(const CIMInstance& instance) {
 Change listedChange(const CIMInstance& instance, const CIMPropertyList& propertyList) {
     Change change{propertyList.size(), String()};
     for (Uint32 i = 0; i < propertyList.size(); ++i) {
-        if (instance.findProperty(propertyList[i]) == PEG_NOT_FOUND) continue;
-        requireElementName(propertyList[i]);
+        const Uint32 place = instance.findProperty(propertyList[i]);
+        if (place == PEG_NOT_FOUND) continue;
+        requireElementName(instance.getProperty(place).getName());
         change.newName = QRV_Common::getStringProperty(instance, "ElementName");
     }
     return change;

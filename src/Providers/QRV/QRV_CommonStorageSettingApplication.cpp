@@ -165,6 +165,7 @@ void applySnapshotSpace(const CIMInstance& goal, Setting& setting) {
 template <class Element, class Field>
 struct DiskProperty {
     const char* property;
+    int rank;  ///< its place in the order in which the properties are read
     Field api_pattern_t::*field;
 };
 
@@ -172,18 +173,32 @@ using DiskText = DiskProperty<String, char[201]>;
 using DiskNumber = DiskProperty<Sint32, int>;
 
 constexpr DiskText DISK_TEXTS[] = {
-    {"DiskPrimPathNodes", &api_pattern_t::node}, {"DiskPrimPathPCISlots", &api_pattern_t::pci},
-    {"DiskPrimPathPorts", &api_pattern_t::port}, {"DiskCages", &api_pattern_t::cage},
-    {"DiskMagazines", &api_pattern_t::magazine}, {"DiskMagPositions", &api_pattern_t::magPosition},
-    {"DiskIDs", &api_pattern_t::diskIDs},        {"DiskPackageModels", &api_pattern_t::deviceIDs},
+    {"DiskPrimPathNodes", 0, &api_pattern_t::node},
+    {"DiskPrimPathPCISlots", 1, &api_pattern_t::pci},
+    {"DiskPrimPathPorts", 2, &api_pattern_t::port},
+    {"DiskCages", 3, &api_pattern_t::cage},
+    {"DiskMagazines", 4, &api_pattern_t::magazine},
+    {"DiskMagPositions", 5, &api_pattern_t::magPosition},
+    {"DiskIDs", 6, &api_pattern_t::diskIDs},
+    {"DiskPackageModels", 11, &api_pattern_t::deviceIDs},
 };
 
 constexpr DiskNumber DISK_NUMBERS[] = {
-    {"DiskTotalChunkletGT", &api_pattern_t::totalChunkGreaterThan},
-    {"DiskTotalChunkletLT", &api_pattern_t::totalChunkLessThan},
-    {"DiskFreeChunkletGT", &api_pattern_t::freeChunkGreaterThan},
-    {"DiskFreeChunkletLT", &api_pattern_t::freeChunkLessThan},
-    {"DiskRPM", &api_pattern_t::rpm},
+    {"DiskTotalChunkletGT", 7, &api_pattern_t::totalChunkGreaterThan},
+    {"DiskTotalChunkletLT", 8, &api_pattern_t::totalChunkLessThan},
+    {"DiskFreeChunkletGT", 9, &api_pattern_t::freeChunkGreaterThan},
+    {"DiskFreeChunkletLT", 10, &api_pattern_t::freeChunkLessThan},
+    {"DiskRPM", 12, &api_pattern_t::rpm},
+};
+
+/// The disk property that was read last, empty or not: it says how many patterns there are.
+struct LastList {
+    int rank = -1;
+    Uint32 size = 0;
+
+    void see(int seenRank, Uint32 seenSize) {
+        if (seenRank > rank) *this = {seenRank, seenSize};
+    }
 };
 
 /// The disk properties that have entries.
@@ -191,10 +206,13 @@ template <class Element, class Field>
 class DiskLists {
   public:
     template <std::size_t COUNT>
-    void read(const DiskProperty<Element, Field> (&properties)[COUNT], const CIMInstance& goal) {
+    void read(const DiskProperty<Element, Field> (&properties)[COUNT], const CIMInstance& goal,
+              LastList& last) {
         for (const auto& each : properties) {
             const auto list = given<Array<Element>>(goal, each.property);
-            if (list && list->size() > 0) _lists.emplace_back(*list, each.field);
+            if (!list) continue;
+            last.see(each.rank, list->size());
+            if (list->size() > 0) _lists.emplace_back(*list, each.field);
         }
     }
 
@@ -216,15 +234,11 @@ class DiskLists {
 class DiskPatterns {
   public:
     void read(const CIMInstance& goal) {
-        _texts.read(DISK_TEXTS, goal);
-        _numbers.read(DISK_NUMBERS, goal);
+        _texts.read(DISK_TEXTS, goal, _last);
+        _numbers.read(DISK_NUMBERS, goal, _last);
     }
 
-    Uint32 size() const {
-        constexpr Uint32 NONE = std::numeric_limits<Uint32>::max();
-        const Uint32 size = _numbers.shortest(_texts.shortest(NONE));
-        return size == NONE ? 0 : size;
-    }
+    Uint32 size() const { return _numbers.shortest(_texts.shortest(_last.size)); }
 
     void fill(Uint32 index, api_pattern_t& pattern) const {
         _texts.fill(index, pattern, [](char(&field)[201], const String& entry) {
@@ -236,6 +250,7 @@ class DiskPatterns {
   private:
     DiskLists<String, char[201]> _texts;
     DiskLists<Sint32, int> _numbers;
+    LastList _last;
 };
 
 /// Writes one pattern at `position` and returns its length; none when it doesn't fit or is refused.
@@ -243,7 +258,7 @@ std::optional<int> writePattern(const DiskPatterns& patterns, Uint32 index, devt
                                 char* position, int room) {
     api_pattern_t pattern{};
     if (api_initPattern(&pattern) != 0) return std::nullopt;
-    patterns.fill(index, pattern);
+    if (index < patterns.size()) patterns.fill(index, pattern);
     pattern.deviceType = type;
     if (api_constructPattern(position, room, &pattern) != 0) return std::nullopt;
     return static_cast<int>(strnlen(position, static_cast<std::size_t>(room)));
