@@ -20,6 +20,7 @@ constexpr const char* EMPTY = "processing\ncomplete\n";  ///< a completed answer
 constexpr const char* UNCHANGED = "unchanged";           ///< the answer of the clean run
 constexpr const char* UNTOUCHED = "untouched";           ///< no answer at all, and no failure
 constexpr const char* REPEATED = "repeated";  ///< likewise, but an initiator may come again
+constexpr const char* SOME = "some";          ///< a completed answer of what could be read
 constexpr const char* REFUSED = "refused";    ///< the method's code and the array's text
 
 using Answers = std::map<std::string, std::string>;
@@ -174,6 +175,67 @@ const std::string LINK_TO_SERVICE =
     R"(Name=\"ORVELIS_StorageHardwareIDManagementService\",)"
     R"(SystemCreationClassName=\"QRV_StorageSystem\",SystemName=\"array7\"")";
 
+const std::string PRIVILEGE =
+    "QRV_AuthorizedPrivilege.InstanceID=\"ORVELIS:FC-1000000000A1B201::MS:0:1:1:0\"";
+const std::string CONTROLLER =
+    "QRV_SCSIController.CreationClassName=\"QRV_SCSIController\",DeviceID=\"MS:0:1:1:0\","
+    "SystemCreationClassName=\"QRV_StorageSystem\",SystemName=\"array7\"";
+
+/// A reference key to an object.
+std::string end(const std::string& role, const std::string& path) {
+    std::string text = role + "=\"//array7.example/root/qrv:";
+    for (const char c : path) text += c == '"' ? std::string("\\\"") : std::string(1, c);
+    return text + "\"";
+}
+
+const std::string TO_PRIVILEGE = end("Privilege", PRIVILEGE) + ",";
+constexpr const char* FAILED = "1 Operation failed.";
+constexpr const char* ABSENT = "absent";  ///< stands for a link's own message that it isn't there
+const Answers OWNER{{"api_qrvOpenForCimserver#2", UNTOUCHED},
+                    {"api_getSystemContact", UNCHANGED},
+                    {"api_getOwnerName", UNCHANGED}};
+
+/// The answers of a walk over VLUNs that gives `failure` when it can't go on.
+Answers walk(const std::string& failure, Answers answers = {}) {
+    answers.insert({{"api_initSPCParamData", failure},
+                    {"api_getActiveAndTemplateVLUNs_chunk", failure},
+                    {"cim_sem_wait", failure},
+                    {"api_wwnIntToString", SOME},
+                    {"hashtable_put", REPEATED}});
+    return answers;
+}
+
+/// The same when a DeviceID narrows the walk first. The way to what is wanted then is one.
+Answers narrowed(const std::string& failure, Answers answers = {}) {
+    answers.insert({{"api_convertStrLPIDtoPortID", UNCHANGED},
+                    {"api_getHosts", UNCHANGED},
+                    {"cim_sem_wait#1", UNCHANGED},
+                    {"api_wwnIntToString", failure}});
+    return walk(failure, answers);
+}
+
+/// The same for a controller, which has to be there.
+Answers ofController(const std::string& failure, Answers answers = {}) {
+    answers.insert({{"api_qrvOpenForCimserver#2", UNTOUCHED},
+                    {"api_initSPCParamData#1", UNTOUCHED},
+                    {"api_getSCSIProtocolControllers_chunk", UNTOUCHED},
+                    {"cim_sem_wait#2", UNTOUCHED},
+                    {"cim_sem_wait#3", UNCHANGED},
+                    {"api_convertStrLPIDtoPortID#2", SOME},
+                    {"api_wwnIntToString", EMPTY}});
+    return narrowed(failure, answers);
+}
+
+/// The read of a link whose far end is up-called for.
+Operation getLink(const std::string& className, const std::string& keys, Answers answers) {
+    const bool ofService = className == "QRV_ManagementServiceForAuthorizedPrivilege";
+    const std::string provider =
+        ofService ? "QRV_MgmtServiceForAuthorizedPrivilege" : className + "Provider";
+    answers.insert({"api_qrvOpenForCimserver#2", ABSENT});
+    for (auto& [call, answer] : answers)
+        if (answer == ABSENT) answer = "6 " + provider + " CIM Object not found.";
+    return get(provider.c_str(), className + "." + keys, answers);
+}
 const Operation OPERATIONS[] = {
     {"QRV_StorageHardwareID.getInstance",
      "QRV_StorageHardwareIDProvider",
@@ -313,6 +375,67 @@ const Operation OPERATIONS[] = {
                  {"cim_sem_wait", EMPTY}}),
     associators("QRV_HWIDCollectionElementSettingDataProvider", qrvtest::setting("1"),
                 {{"api_getHosts", EMPTY}, {"cim_sem_wait", EMPTY}}),
+    get("QRV_AuthorizedPrivilegeProvider", PRIVILEGE,
+        narrowed(FAILED,
+                 {{"api_wwnIntToString", "6 QRV_AuthorizedPrivilege CIM Object not found."}})),
+    enumerate("QRV_AuthorizedPrivilegeProvider", "QRV_AuthorizedPrivilege", walk(FAILED)),
+    getLink("QRV_PrivilegeForStorageHardwareID",
+            TO_PRIVILEGE + end("PrivilegedElement", qrvtest::fcID(KNOWN)), narrowed(ABSENT)),
+    enumerateNames("QRV_PrivilegeForStorageHardwareIDProvider", "QRV_PrivilegeForStorageHardwareID",
+                   walk(FAILED)),
+    associators("QRV_PrivilegeForStorageHardwareIDProvider", PRIVILEGE,
+                {{"api_qrvOpenForCimserver#2", EMPTY},
+                 {"api_getHostPaths", EMPTY},
+                 {"cim_sem_wait", EMPTY},
+                 {"hashtable_put", UNCHANGED}}),
+    associators("QRV_PrivilegeForStorageHardwareIDProvider", qrvtest::fcID(KNOWN),
+                walk(FAILED, {{"api_getHosts", EMPTY}, {"cim_sem_wait#1", EMPTY}})),
+    getLink("QRV_PrivilegeForStorageHardwareIDCollection",
+            TO_PRIVILEGE + end("PrivilegedElement", qrvtest::collectionOf("alpha")),
+            narrowed(ABSENT, {{"api_getSCSIProtocolControllers", ABSENT}})),
+    enumerate("QRV_PrivilegeForStorageHardwareIDCollectionProvider",
+              "QRV_PrivilegeForStorageHardwareIDCollection", walk(FAILED)),
+    associators("QRV_PrivilegeForStorageHardwareIDCollectionProvider", PRIVILEGE,
+                narrowed(EMPTY, {{"api_qrvOpenForCimserver#2", EMPTY},
+                                 {"api_getSCSIProtocolControllers", EMPTY},
+                                 {"api_getHosts#2", EMPTY}})),
+    associators("QRV_PrivilegeForStorageHardwareIDCollectionProvider",
+                qrvtest::collectionOf("alpha"), walk(FAILED)),
+    getLink("QRV_PrivilegeForSCSIController", TO_PRIVILEGE + end("TargetElement", CONTROLLER),
+            narrowed(ABSENT)),
+    enumerate("QRV_PrivilegeForSCSIControllerProvider", "QRV_PrivilegeForSCSIController",
+              walk(UNTOUCHED, {{"api_qrvOpenForCimserver#2", UNTOUCHED}})),
+    associators("QRV_PrivilegeForSCSIControllerProvider", PRIVILEGE,
+                narrowed(UNTOUCHED, {{"api_qrvOpenForCimserver#2", UNTOUCHED},
+                                     {"api_wwnIntToString", UNTOUCHED},
+                                     {"api_getSCSIProtocolControllers", EMPTY},
+                                     {"cim_sem_wait#4", EMPTY}})),
+    associators("QRV_PrivilegeForSCSIControllerProvider", CONTROLLER, ofController(FAILED)),
+    getLink("QRV_SPCAssociatedPrivilege",
+            end("Subject", qrvtest::fcID(KNOWN)) + "," + end("Target", CONTROLLER) +
+                ",UseKey=\"ORVELIS:FC-1000000000A1B201::MS:0:1:1:0\"",
+            {{"api_getHostPaths", ABSENT}, {"cim_sem_wait", ABSENT}, {"hashtable_put", UNCHANGED}}),
+    enumerate("QRV_SPCAssociatedPrivilegeProvider", "QRV_SPCAssociatedPrivilege",
+              walk(SOME, {{"deliver", SOME}})),
+    associators("QRV_SPCAssociatedPrivilegeProvider", qrvtest::fcID(KNOWN),
+                walk(SOME, {{"api_qrvOpenForCimserver#2", UNTOUCHED},
+                            {"api_getHostPaths", UNTOUCHED},
+                            {"cim_sem_wait#1", UNTOUCHED},
+                            {"api_getHosts", UNCHANGED},
+                            {"deliver", SOME}})),
+    associators("QRV_SPCAssociatedPrivilegeProvider", CONTROLLER,
+                ofController(SOME, {{"api_qrvOpenForCimserver#3", EMPTY},
+                                    {"api_getHostPaths", EMPTY},
+                                    {"deliver", SOME}})),
+    get("QRV_PrivilegeMgmtServiceProvider", qrvtest::PRIVILEGE_SERVICE, OWNER),
+    getLink("QRV_ManagementServiceForAuthorizedPrivilege",
+            end("Antecedent", qrvtest::PRIVILEGE_SERVICE) + "," + end("Dependent", PRIVILEGE),
+            narrowed(ABSENT)),
+    enumerate("QRV_MgmtServiceForAuthorizedPrivilege",
+              "QRV_ManagementServiceForAuthorizedPrivilege", walk(FAILED)),
+    associators("QRV_MgmtServiceForAuthorizedPrivilege", qrvtest::PRIVILEGE_SERVICE,
+                walk(FAILED, OWNER)),
+    associators("QRV_MgmtServiceForAuthorizedPrivilege", PRIVILEGE, narrowed(UNTOUCHED, OWNER)),
     {"QRV_StorageHardwareIDManagementService.enumerateInstances",
      "QRV_StorageHardwareIDManagementServiceProvider",
      with<qrvtest::InstanceRecorder>([](CIMInstanceProvider& provider, auto& handler) {
@@ -381,6 +504,7 @@ class FaultSweepTest : public qrvtest::ModuleTest, public testing::WithParamInte
     /// handler saw.
     std::string run(unsigned failingDeliver = 0) {
         reloadArray();
+        exportVolumes();
         qrvtest::Recording recording;
         recording.failDeliver(failingDeliver);
         const std::string outcome = outcomeOf([&] { GetParam().run(_provider, recording); });
@@ -397,12 +521,21 @@ class FaultSweepTest : public qrvtest::ModuleTest, public testing::WithParamInte
         std::set<std::string> said;
         std::size_t begin = 0;
         while (begin < answer.size()) {
-            const std::size_t end = std::min(answer.find("\n//", begin), answer.size() - 1) + 1;
+            const std::size_t end =
+                std::min({answer.find("\n//", begin), answer.find("\ncomplete", begin),
+                          answer.size() - 1}) +
+                1;
             const std::string event = answer.substr(begin, end - begin);
             if (said.insert(event).second) once += event;
             begin = end;
         }
         return once;
+    }
+
+    /// Whether an answer is complete and "some" is enough.
+    static bool isSome(const std::string& expected, const std::string& answer) {
+        return expected == SOME && answer.rfind("processing\n", 0) == 0 &&
+               answer.rfind("\ncomplete\n") == answer.size() - 10;
     }
 
     /// What is documented for a fault, the more particular first; empty when nothing is.
@@ -426,6 +559,7 @@ class FaultSweepTest : public qrvtest::ModuleTest, public testing::WithParamInte
         const std::string answer = documented(fault);
         if (answer == REFUSED) return refusal(fault.code);
         if (answer == UNTOUCHED) return "";
+        if (answer == SOME) return SOME;
         if (const auto text = answer.find("%s"); text != std::string::npos)
             return std::string(answer).replace(text, 2, arrayText(fault.code));
         return answer == UNCHANGED || answer == REPEATED ? _clean : answer;
@@ -445,6 +579,7 @@ class FaultSweepTest : public qrvtest::ModuleTest, public testing::WithParamInte
         SCOPED_TRACE(fault.text());
         ++_faults;
         ASSERT_NE(documented(fault), "") << "no answer is documented";
+        if (isSome(documented(fault), answer)) return;
         EXPECT_EQ(documented(fault) == REPEATED ? withoutRepeats(answer) : answer,
                   expectedAnswer(fault));
     }
@@ -473,7 +608,9 @@ class FaultSweepTest : public qrvtest::ModuleTest, public testing::WithParamInte
         for (unsigned nth = 1; nth <= calls; ++nth, ++_faults) {
             control::failAllocation(nth);
             const std::string answer = run();
-            EXPECT_EQ(answers.count(withoutRepeats(answer)), 1U) << answer;
+            EXPECT_TRUE(answers.count(withoutRepeats(answer)) == 1 ||
+                        (answers.count(SOME) == 1 && isSome(SOME, answer)))
+                << answer;
             expectIntact(answer, "allocation " + std::to_string(nth));
         }
     }

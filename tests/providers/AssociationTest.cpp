@@ -8,6 +8,7 @@ namespace control = qrvapi::control;
 using namespace Pegasus;
 using qrvtest::outcomeOf;
 using qrvtest::pathOf;
+using qrvtest::PRIVILEGE_SERVICE;
 using qrvtest::requestOf;
 using qrvtest::SERVICE;
 
@@ -88,6 +89,59 @@ std::string hostSetting(const std::string& collection, const std::string& person
                 {{"ManagedElement", collection}, {"SettingData", persona}});
 }
 
+/// The key of a hardware ID's right on a controller.
+std::string useKey(const std::string& hardwareID, const std::string& deviceID) {
+    const auto begin = hardwareID.find('"') + 1;
+    return hardwareID.substr(begin, hardwareID.rfind('"') - begin) + "::" + deviceID;
+}
+
+std::string privilege(const std::string& hardwareID, const std::string& deviceID) {
+    return "QRV_AuthorizedPrivilege.InstanceID=" + quoted(useKey(hardwareID, deviceID));
+}
+
+std::string controller(const std::string& className, const std::string& deviceID) {
+    return className + ".CreationClassName=" + quoted(className) + ",DeviceID=" + quoted(deviceID) +
+           ",SystemCreationClassName=\"QRV_StorageSystem\",SystemName=\"array7\"";
+}
+
+std::string fc(const std::string& deviceID) {
+    return controller("QRV_SCSIController", deviceID);
+}
+
+std::string iscsi(const std::string& deviceID) {
+    return controller("QRV_iSCSIController", deviceID);
+}
+
+// What the VLUNs grant.
+const std::string FC_ON_PORT = privilege(HWID_FC, "MS:0:1:1:0");
+const std::string FC_SEES = privilege(HWID_FC, "HS:0");
+const std::string ISCSI_SEES = privilege(HWID_ISCSI, "HS:0");
+const std::string ISCSI_ON_PORT = privilege(HWID_ISCSI, "MS:0:2:1:0");
+const std::string BETA_SEES = privilege(HWID_BETA, "HS:1");
+const std::string FREE_SEES = privilege(HWID_FREE, "HS:1");
+const std::string ISCSI_PRESENTED = privilege(HWID_ISCSI, "PP:0:2:1");
+const std::string NO_PRIVILEGE = privilege(HWID_FC, "HS:1");
+
+/// The link of a privilege to its holder or its controller.
+std::string granted(const std::string& privilege, const std::string& end) {
+    const std::string endClass = end.substr(4, end.find('.') - 4);
+    const bool isController = endClass.find("Controller") != std::string::npos;
+    return link(
+        "QRV_PrivilegeFor" + endClass,
+        {{"Privilege", privilege}, {isController ? "TargetElement" : "PrivilegedElement", end}});
+}
+
+std::string use(const std::string& hardwareID, const std::string& deviceID, bool overFc = true) {
+    return link(overFc ? "QRV_SPCAssociatedPrivilege" : "QRV_iSPCAssociatedPrivilege",
+                {{"Subject", hardwareID}, {"Target", overFc ? fc(deviceID) : iscsi(deviceID)}}) +
+           ",UseKey=" + quoted(useKey(hardwareID, deviceID));
+}
+
+std::string administered(const std::string& privilege) {
+    return link("QRV_ManagementServiceForAuthorizedPrivilege",
+                {{"Antecedent", PRIVILEGE_SERVICE}, {"Dependent", privilege}});
+}
+
 struct Request {
     std::string source;
     std::string role;
@@ -106,6 +160,9 @@ struct Kind {
     std::vector<std::string> all;      ///< the whole association
     std::vector<Request> associators;  ///< also asked as names
     std::vector<Request> references;   ///< likewise; resultRole is unused
+    const char* keys = "two";
+    const char* notFoundName = messageName;  ///< opens the message for a path of nothing
+    bool logsWholeRequest = false;           ///< of a refused question for associators
 };
 
 const Kind KINDS[] = {
@@ -283,6 +340,204 @@ const Kind KINDS[] = {
       {PERSONA_1, "", "", "", {hostSetting(ALPHA, PERSONA_1), hostSetting(BARE, PERSONA_1)}},
       {GONE, "", "", "", {}},
       {ALPHA, "", "", "QRV_HardwareIDElementSettingData", {REFUSED}}}},
+    {"QRV_PrivilegeForStorageHardwareIDProvider",
+     "QRV_PrivilegeForStorageHardwareIDProvider",
+     "QRV_PrivilegeForStorageHardwareID",
+     "CIM_AuthorizedSubject",
+     true,
+     3,
+     {granted(FC_ON_PORT, HWID_FC), granted(FC_SEES, HWID_FC), granted(ISCSI_SEES, HWID_ISCSI),
+      granted(ISCSI_ON_PORT, HWID_ISCSI), granted(BETA_SEES, HWID_BETA),
+      granted(FREE_SEES, HWID_FREE), granted(ISCSI_PRESENTED, HWID_ISCSI)},
+     {{HWID_FC, "privilege", "PrivilegedElement", "CIM_Identity", {FC_ON_PORT, FC_SEES}},
+      {HWID_ISCSI, "", "", "CIM_Privilege", {ISCSI_SEES, ISCSI_ON_PORT, ISCSI_PRESENTED}},
+      {HWID_FREE, "", "", "", {}},  // of no host
+      {FREE_SEES, "PrivilegedElement", "", "CIM_StorageHardwareID", {HWID_FREE}},
+      {NO_PRIVILEGE, "", "", "", {HWID_FC}},  // its key says enough
+      {privilege("\"ORVELIS:FC-00000000000000FF\"", "HS:0"), "", "", "", {}},
+      {"QRV_AuthorizedPrivilege.InstanceID=\"ORVELIS:alpha\"", "", "", "", {}},
+      {"QRV_AuthorizedPrivilege.InstanceID=\"alpha\"", "", "", "", {REFUSED}},
+      {"CIM_Identity.InstanceID=\"alpha\"", "", "", "", {REFUSED}},
+      {"CIM_Collection.InstanceID=\"alpha\"", "", "", "", {}},
+      {ALPHA, "", "", "", {}},
+      {FC_SEES, "", "", "CIM_SystemSpecificCollection", {REFUSED}},
+      {FC_SEES, "TargetElement", "", "", {REFUSED}},
+      {FC_SEES, "", "TargetElement", "", {REFUSED}}},
+     {{HWID_FC, "", "", "", {granted(FC_ON_PORT, HWID_FC), granted(FC_SEES, HWID_FC)}},
+      {FREE_SEES, "", "", "CIM_AuthorizedSubject", {granted(FREE_SEES, HWID_FREE)}},
+      {"CIM_Privilege.InstanceID=\"ORVELIS:x\"", "", "", "", {}},
+      {HWID_FC, "", "", "QRV_PrivilegeForStorageHardwareIDCollection", {REFUSED}}}},
+    {"QRV_PrivilegeForStorageHardwareIDCollectionProvider",
+     "QRV_PrivilegeForStorageHardwareIDCollectionProvider",
+     "QRV_PrivilegeForStorageHardwareIDCollection",
+     "CIM_AuthorizedSubject",
+     true,
+     3,
+     {granted(FC_ON_PORT, ALPHA), granted(FC_SEES, ALPHA), granted(ISCSI_SEES, ALPHA),
+      granted(ISCSI_ON_PORT, ALPHA), granted(BETA_SEES, BETA), granted(FREE_SEES, BETA),
+      granted(ISCSI_PRESENTED, ALPHA)},
+     {{ALPHA,
+       "privilegedelement",
+       "Privilege",
+       "CIM_Identity",
+       {FC_ON_PORT, FC_SEES, ISCSI_SEES, ISCSI_ON_PORT, ISCSI_PRESENTED}},
+      {BETA, "", "", "", {BETA_SEES, FREE_SEES}},
+      {BARE, "", "", "", {}},
+      {GONE, "", "", "", {}},
+      {FREE_SEES, "", "", "CIM_SystemSpecificCollection", {BETA}},
+      {privilege(HWID_FC, "PP:0:1:1"), "", "", "", {}},
+      {"CIM_Collection.InstanceID=\"alpha\"", "", "", "", {REFUSED}},
+      {"CIM_Identity.InstanceID=\"alpha\"", "", "", "", {}},
+      {HWID_FC, "", "", "", {}},
+      {FC_SEES, "", "", "CIM_StorageHardwareID", {REFUSED}},
+      {FC_SEES, "", "", "CIM_Collection", {REFUSED}}},
+     {{BETA, "", "", "", {granted(BETA_SEES, BETA), granted(FREE_SEES, BETA)}},
+      {FC_SEES, "", "", "CIM_AuthorizedSubject", {granted(FC_SEES, ALPHA)}},
+      {ALPHA, "", "", "QRV_PrivilegeForStorageHardwareID", {REFUSED}}}},
+    {"QRV_PrivilegeForSCSIControllerProvider",
+     "QRV_PrivilegeForSCSIControllerProvider",
+     "QRV_PrivilegeForSCSIController",
+     "CIM_AuthorizedTarget",
+     true,
+     3,
+     {granted(FC_ON_PORT, fc("MS:0:1:1:0")), granted(FC_SEES, fc("HS:0")),
+      granted(BETA_SEES, fc("HS:1"))},
+     {{FC_ON_PORT, "Privilege", "targetelement", "CIM_SCSIProtocolController", {fc("MS:0:1:1:0")}},
+      {ISCSI_SEES, "", "", "QRV_SCSIController", {fc("HS:0")}},  // the VLUN is seen over FC
+      {ISCSI_ON_PORT, "", "", "", {}},
+      {NO_PRIVILEGE, "", "", "", {MISSING}},
+      {"QRV_AuthorizedPrivilege.InstanceID=\"alpha\"", "", "", "", {REFUSED}},
+      {FC_SEES, "TargetElement", "", "", {REFUSED}},
+      {FC_SEES, "", "Privilege", "", {REFUSED}},
+      {FC_SEES, "", "", "CIM_Privilege", {REFUSED}},
+      {FC_SEES, "", "", "QRV_AuthorizedPrivilege", {REFUSED}},
+      {fc("HS:0"), "TargetElement", "Privilege", "CIM_Privilege", {FC_SEES, ISCSI_SEES}},
+      {fc("HS:1"), "", "", "", {BETA_SEES, FREE_SEES}},
+      {fc("PP:0:1:1"), "", "", "", {}},    // a VLUN without host
+      {fc("MS:1:1:1:0"), "", "", "", {}},  // a template of nothing
+      {fc("HS:9"), "", "", "", {MISSING}},
+      {fc("HS:0"), "Privilege", "", "", {REFUSED}},
+      {fc("HS:0"), "", "TargetElement", "", {REFUSED}},
+      {fc("HS:0"), "", "", "CIM_ProtocolController", {REFUSED}},
+      {iscsi("PP:0:2:1"), "Privilege", "", "", {}},
+      {SYSTEM, "", "", "", {}}},
+     {{FC_SEES, "", "", "", {granted(FC_SEES, fc("HS:0"))}},
+      {fc("HS:0"),
+       "",
+       "",
+       "CIM_AuthorizedTarget",
+       {granted(FC_SEES, fc("HS:0")), granted(ISCSI_SEES, fc("HS:0"))}},
+      {fc("HS:9"), "", "", "", {MISSING}},
+      {FC_SEES, "", "", "QRV_PrivilegeForiSCSIController", {REFUSED}}}},
+    {"QRV_PrivilegeForiSCSIControllerProvider",
+     "QRV_PrivilegeForiSCSIControllerProvider",
+     "QRV_PrivilegeForiSCSIController",
+     "CIM_AuthorizedTarget",
+     true,
+     3,
+     {granted(ISCSI_SEES, iscsi("HS:0")), granted(ISCSI_ON_PORT, iscsi("MS:0:2:1:0")),
+      granted(FREE_SEES, iscsi("HS:1")), granted(ISCSI_PRESENTED, iscsi("PP:0:2:1"))},
+     {{ISCSI_ON_PORT, "", "", "QRV_iSCSIController", {iscsi("MS:0:2:1:0")}},
+      {BETA_SEES, "", "", "", {iscsi("HS:1")}},
+      {ISCSI_SEES, "", "", "", {}},
+      {FC_SEES, "", "", "QRV_SCSIController", {REFUSED}},
+      {FC_SEES, "", "", "CIM_AuthorizedPrivilege", {REFUSED}},
+      {iscsi("PP:0:2:1"), "", "", "CIM_AuthorizedPrivilege", {ISCSI_PRESENTED}},
+      {iscsi("PP:0:2:1"), "", "", "CIM_Privilege", {REFUSED}},
+      {iscsi("PP:0:2:1"), "Privilege", "", "", {REFUSED}},
+      {iscsi("HS:0"), "", "", "", {MISSING}},
+      {fc("HS:0"), "Privilege", "", "", {}}},
+     {{BETA_SEES, "", "", "", {granted(BETA_SEES, iscsi("HS:1"))}},
+      {iscsi("HS:1"),
+       "",
+       "",
+       "",
+       {granted(BETA_SEES, iscsi("HS:1")), granted(FREE_SEES, iscsi("HS:1"))}},
+      {FC_SEES, "", "", "QRV_PrivilegeForSCSIController", {REFUSED}}}},
+    {"QRV_SPCAssociatedPrivilegeProvider",
+     "QRV_SPCAssociatedPrivilegeProvider",
+     "QRV_SPCAssociatedPrivilege",
+     "CIM_AssociatedPrivilege",
+     true,
+     3,
+     {use(HWID_FC, "MS:0:1:1:0"), use(HWID_FC, "HS:0"), use(HWID_BETA, "HS:1"),
+      use(HWID_FC, "MS:1:1:1:0")},
+     {{HWID_FC, "", "", "", {fc("MS:0:1:1:0"), fc("HS:0"), fc("MS:1:1:1:0")}},
+      {HWID_BETA, "subject", "TARGET", "CIM_LogicalDevice", {fc("HS:1")}},
+      {HWID_BETA, "", "", "CIM_ManagedElement", {fc("HS:1")}},
+      {HWID_ISCSI, "", "", "", {}},
+      {HWID_FREE, "", "", "", {}},
+      {"QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-00000000000000FF\"", "", "", "", {MISSING}},
+      {"CIM_StorageHardwareID.InstanceID=\"x\"", "", "", "", {REFUSED}},
+      {HWID_FC, "Target", "", "", {REFUSED}},
+      {HWID_FC, "", "Subject", "", {REFUSED}},
+      {HWID_FC, "", "", "CIM_Identity", {REFUSED}},
+      {HWID_FC, "", "", "QRV_iSCSIController", {REFUSED}},
+      {fc("HS:0"), "Target", "Subject", "CIM_Identity", {HWID_FC, HWID_ISCSI}},
+      {fc("HS:1"), "", "", "CIM_ManagedElement", {HWID_BETA, HWID_FREE}},
+      {fc("PP:0:1:1"), "", "", "", {}},
+      {fc("HS:0"), "Subject", "", "", {REFUSED}},
+      {fc("HS:0"), "", "Target", "", {REFUSED}},
+      {fc("HS:0"), "", "", "CIM_LogicalElement", {REFUSED}},
+      {fc("HS:0"), "", "", "CIM_Privilege", {REFUSED}},
+      {SYSTEM, "Target", "Target", "", {}}},
+     {{HWID_BETA, "", "", "CIM_AssociatedPrivilege", {use(HWID_BETA, "HS:1")}},
+      {fc("HS:0"), "", "", "", {use(HWID_FC, "HS:0"), use(HWID_ISCSI, "HS:0")}},
+      {fc("HS:9"), "", "", "", {MISSING}},
+      {HWID_FC, "", "", "QRV_iSPCAssociatedPrivilege", {REFUSED}}},
+     "three"},
+    {"QRV_iSPCAssociatedPrivilegeProvider",
+     "QRV_iSPCAssociatedPrivilegeProvider",
+     "QRV_iSPCAssociatedPrivilege",
+     "CIM_AssociatedPrivilege",
+     true,
+     3,
+     {use(HWID_ISCSI, "HS:0", false), use(HWID_ISCSI, "MS:0:2:1:0", false),
+      use(HWID_FREE, "HS:1", false), use(HWID_ISCSI, "PP:0:2:1", false)},
+     {{HWID_ISCSI, "", "", "", {iscsi("HS:0"), iscsi("MS:0:2:1:0"), iscsi("PP:0:2:1")}},
+      {HWID_FREE, "", "", "QRV_iSCSIController", {iscsi("HS:1")}},  // of no host
+      {HWID_FC, "", "", "", {}},
+      {HWID_FC, "", "", "QRV_SCSIController", {REFUSED}},
+      {iscsi("HS:1"), "Target", "", "", {HWID_BETA, HWID_FREE}},
+      {iscsi("HS:1"), "Subject", "", "", {REFUSED}},
+      {fc("HS:0"), "Subject", "", "CIM_ProtocolController", {}}},
+     {{iscsi("HS:1"), "", "", "", {use(HWID_BETA, "HS:1", false), use(HWID_FREE, "HS:1", false)}},
+      {HWID_FREE, "", "", "", {use(HWID_FREE, "HS:1", false)}},
+      {HWID_FC, "", "", "QRV_SPCAssociatedPrivilege", {REFUSED}}},
+     "three",
+     "QRV_SPCAssociatedPrivilegeProvider"},
+    {"QRV_MgmtServiceForAuthorizedPrivilege",
+     "QRV_MgmtServiceForAuthorizedPrivilege",
+     "QRV_ManagementServiceForAuthorizedPrivilege",
+     "CIM_ConcreteDependency",
+     true,
+     2,
+     {administered(FC_ON_PORT), administered(FC_SEES), administered(ISCSI_SEES),
+      administered(ISCSI_ON_PORT), administered(BETA_SEES), administered(FREE_SEES),
+      administered(ISCSI_PRESENTED)},
+     {{PRIVILEGE_SERVICE,
+       "antecedent",
+       "Dependent",
+       "CIM_Privilege",
+       {FC_ON_PORT, FC_SEES, ISCSI_SEES, ISCSI_ON_PORT, BETA_SEES, FREE_SEES, ISCSI_PRESENTED}},
+      {PRIVILEGE_SERVICE, "Dependent", "", "", {REFUSED}},
+      {PRIVILEGE_SERVICE, "", "Antecedent", "", {REFUSED}},
+      {PRIVILEGE_SERVICE, "", "", "CIM_PrivilegeManagementService", {REFUSED}},
+      {FC_SEES, "Dependent", "", "CIM_PrivilegeManagementService", {PRIVILEGE_SERVICE}},
+      {FC_SEES, "Antecedent", "", "", {REFUSED}},
+      {FC_SEES, "", "Dependent", "", {REFUSED}},
+      {FC_SEES, "", "", "CIM_AuthorizedPrivilege", {REFUSED}},
+      {FC_SEES, "", "", "CIM_ManagedElement", {REFUSED}},
+      {NO_PRIVILEGE, "", "", "", {MISSING}},
+      {"CIM_ManagedElement.InstanceID=\"x\"", "", "", "", {REFUSED}},
+      {SYSTEM, "Antecedent", "Antecedent", "", {PRIVILEGE_SERVICE}}},
+     {{FC_SEES, "", "", "CIM_ConcreteDependency", {administered(FC_SEES)}},
+      {SYSTEM, "", "", "", {}},
+      {NO_PRIVILEGE, "", "", "", {MISSING}},
+      {FC_SEES, "", "", "CIM_Dependency", {REFUSED}}},
+     "two",
+     "QRV_MgmtServiceForAuthorizedPrivilege",
+     true},
 };
 
 class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInterface<Kind> {
@@ -338,9 +593,15 @@ class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInt
         return paths;
     }
 
-    std::string refusalLine(const std::string& operation, const std::string& resultClass) {
-        return std::to_string(GetParam().refusalLevel) + " " + GetParam().provider +
-               "::" + operation + ": invalid params: resultClass = " + resultClass + " \n";
+    std::string refusalLine(const std::string& operation, const Request& request) {
+        const std::string start = std::to_string(GetParam().refusalLevel) + " " +
+                                  GetParam().provider + "::" + operation + ": invalid params: ";
+        if (!GetParam().logsWholeRequest || operation.rfind("associator", 0) != 0)
+            return start + "resultClass = " + request.resultClass + " \n";
+        const char* const word = operation == "associators" ? "assocClass" : "associationClass";
+        return start + "objectName = //server.example/root/qrv:" + request.source + " \n" + word +
+               " = " + GetParam().associationClass + ", resultClass = " + request.resultClass +
+               "\n";
     }
 
     void expectAnswers(const std::vector<Request>& requests, const std::string& operation) {
@@ -350,9 +611,8 @@ class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInt
             logged();
             EXPECT_EQ(ask(request, operation), expected(request.answer));
             const auto lines = logged();
-            EXPECT_EQ(
-                std::count(lines.begin(), lines.end(), refusalLine(operation, request.resultClass)),
-                request.answer == std::vector<std::string>{REFUSED});
+            EXPECT_EQ(std::count(lines.begin(), lines.end(), refusalLine(operation, request)),
+                      request.answer == std::vector<std::string>{REFUSED});
         }
     }
 
@@ -371,6 +631,8 @@ class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInt
     std::string wrongClass(const std::string& className) {
         return std::string("7 ") + GetParam().messageName + " Invalid class name" + className;
     }
+
+    AssociationTest() { exportVolumes(); }
 
   private:
     qrvtest::ModuleProvider _provider{GetParam().provider, broker()};
@@ -410,14 +672,18 @@ TEST_P(AssociationTest, getInstanceRefusesOtherPaths) {
     };
     const std::string own = GetParam().associationClass;
     const std::string message = GetParam().messageName;
-    EXPECT_EQ(outcome(own + ".A=\"x\",B=\"y\""), "6 " + message + " CIM Object not found.");
-    EXPECT_EQ(outcome(own + ".A=\"x\""), "4 " + message + " Expect two keys.");
+    const std::string keys = std::string(" Expect ") + GetParam().keys + " keys.";
+    const std::string third = GetParam().keys == std::string("three") ? ",C=\"z\"" : "";
+    for (const std::string& className : {own, std::string(GetParam().parentClass)})
+        EXPECT_EQ(outcome(className + ".A=\"x\",B=\"y\"" + third),
+                  std::string("6 ") + GetParam().notFoundName + " CIM Object not found.");
+    EXPECT_EQ(outcome(own + ".A=\"x\""), "4 " + message + keys);
     EXPECT_EQ(outcome(own + ".A=\"x\",B=\"y\"", "stranger"),
               "2 Insufficient privilege for the user");
     if (GetParam().checksClass)
         EXPECT_EQ(outcome("QRV_Other.A=\"x\""), wrongClass("QRV_Other"));
     else
-        EXPECT_EQ(outcome("QRV_Other.A=\"x\""), "4 " + message + " Expect two keys.");
+        EXPECT_EQ(outcome("QRV_Other.A=\"x\""), "4 " + message + keys);
 }
 
 std::string nameOfKind(const testing::TestParamInfo<Kind>& kind) {
@@ -523,6 +789,113 @@ TEST_F(AssociationDetailTest, aServiceWithNothingToManageIsEnumeratedByNamesAlon
     qrvtest::setHosts("");
     EXPECT_THAT(enumerateInstances(services.instances(), association), testing::IsEmpty());
     EXPECT_EQ(enumerateInstanceNames(services.instances(), association), answer({}));
+}
+
+/// What the classes of privileges do apart from the table above.
+class PrivilegeAssociationTest : public qrvtest::ModuleTest {
+  protected:
+    PrivilegeAssociationTest() { exportVolumes(); }
+
+    /// The outcome of a question for names, with what the handler saw.
+    static std::string ask(qrvtest::ModuleProvider& provider, const std::string& source,
+                           bool references = true) {
+        qrvtest::Recording recording;
+        qrvtest::PathRecorder paths(recording);
+        CIMAssociationProvider& asked = provider.associations();
+        std::string seen = outcomeOf([&] {
+            const OperationContext viewer = requestOf("viewer");
+            if (references)
+                asked.referenceNames(viewer, pathOf(source), {}, String(), paths);
+            else
+                asked.associatorNames(viewer, pathOf(source), {}, {}, String(), String(), paths);
+        });
+        for (const std::string& event : recording.events()) seen += "/" + event;
+        return seen;
+    }
+};
+
+TEST_F(PrivilegeAssociationTest, onlyPathsThatAgreeWithThemselvesAreFound) {
+    const std::string noHost = "QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:\"";
+    const std::string noInitiator = "QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-1\"";
+    std::string otherKey = use(HWID_FC, "HS:0");
+    otherKey.replace(otherKey.rfind("HS:0"), 4, "HS:1");
+    const std::pair<std::string, const char*> cases[] = {
+        {granted(FC_SEES, HWID_ISCSI), "6 "},
+        {granted(NO_PRIVILEGE, HWID_FC), "6 "},
+        {granted(FC_SEES, BETA), "6 "},
+        {granted(privilege(HWID_FC, "PP:0:1:1"), noHost), "6 "},
+        {granted(FC_ON_PORT, fc("HS:0")), "6 "},
+        {granted(NO_PRIVILEGE, fc("HS:1")), "6 "},
+        {granted(ISCSI_SEES, fc("HS:0")), ""},
+        {otherKey, "6 "},
+        {use(HWID_BETA, "HS:0"), ""},  // no VLUN is read
+        {use(noInitiator, "HS:0"), "6 "}};
+    for (const auto& [path, outcome] : cases)
+        EXPECT_EQ(outcomeOf([&, &path = path] {
+                      CIMOMHandle(&broker()).getInstance(requestOf("viewer"), "root/qrv",
+                                                         pathOf(path), false, false, false, {});
+                  }).substr(0, 2),
+                  outcome)
+            << path;
+}
+
+TEST_F(PrivilegeAssociationTest, theServicesLinksTellWhatIsWrong) {
+    const std::string where = "//server.example/root/qrv:";
+    qrvtest::ModuleProvider links("QRV_MgmtServiceForAuthorizedPrivilege", broker());
+    const auto expectLine = [&](const std::string& text) {
+        EXPECT_THAT(logged(), testing::ElementsAre(
+                                  "2 QRV_MgmtServiceForAuthorizedPrivilege::" + text + "\n"));
+    };
+    outcomeOf([&] { getInstance(links.instances(), administered(NO_PRIVILEGE)); });
+    expectLine("getInstance: object not found = " + where + administered(NO_PRIVILEGE));
+    outcomeOf([&] { getInstance(links.instances(), "QRV_Other.A=\"x\""); });
+    expectLine("getInstance: wrong class = QRV_Other");
+    outcomeOf([&] { enumerateInstanceNames(links.instances(), "QRV_Other"); });
+    expectLine("enumerateInstanceNames: wrong class = QRV_Other");
+    ask(links, NO_PRIVILEGE);
+    expectLine("referenceNames: Instance does not exist for object " + where + NO_PRIVILEGE);
+    ask(links, NO_PRIVILEGE, false);
+    expectLine("associatorNames:Instance does not exist for object " + where + NO_PRIVILEGE);
+}
+
+TEST_F(PrivilegeAssociationTest, aFailedWalkComesAfterReferenceNamesHaveBegun) {
+    qrvtest::ModuleProvider initiators("QRV_PrivilegeForStorageHardwareIDProvider", broker());
+    qrvtest::ModuleProvider hosts("QRV_PrivilegeForStorageHardwareIDCollectionProvider", broker());
+    control::failCall("api_getActiveAndTemplateVLUNs_chunk", 1, control::Repeat::always);
+    EXPECT_EQ(ask(initiators, HWID_FC, false), "1 Operation failed.");
+    EXPECT_EQ(ask(initiators, HWID_FC), "1 Operation failed./processing");
+    EXPECT_THAT(logged(), testing::SizeIs(2));
+    EXPECT_EQ(ask(hosts, ALPHA), "1 Operation failed./processing");
+    EXPECT_EQ(logged().at(1),
+              "2 <--QRV_PrivilegeForStorageHardwareIDCollection::_buildAssociationInstance() "
+              "exception thrown while building instances, # of instances assembled so far = 0\n");
+    control::clearFaults();
+    EXPECT_EQ(ask(initiators, "QRV_AuthorizedPrivilege.InstanceID=\"ORVELIS:x\""),
+              "/processing/complete");
+    EXPECT_THAT(logged(), testing::ElementsAre("3  InstanceID key not found.\n"));
+}
+
+TEST_F(PrivilegeAssociationTest, aWalkThatBreaksOffLeavesItsFirstChunk) {
+    qrvtest::ModuleProvider uses("QRV_SPCAssociatedPrivilegeProvider", broker());
+    control::limitVlunChunks({1});
+    control::failCall("api_getActiveAndTemplateVLUNs_chunk", 2, control::Repeat::once, 29);
+    EXPECT_EQ(enumerateInstanceNames(uses.instances(), "QRV_SPCAssociatedPrivilege"),
+              answer({full(use(HWID_FC, "MS:0:1:1:0"))}));
+    EXPECT_THAT(logged(), testing::ElementsAre(
+                              "2 -->QRV_SPCAssociatedPrivilege::getRelatedInstances ()  getVLUNs() "
+                              "failed, status = 29 \n"));
+}
+
+TEST_F(PrivilegeAssociationTest, withoutExportsThereIsNothing) {
+    reloadArray();
+    for (const std::string className :
+         {"QRV_PrivilegeForSCSIController", "QRV_PrivilegeForiSCSIController"}) {
+        qrvtest::ModuleProvider links(className + "Provider", broker());
+        EXPECT_THAT(enumerateInstances(links.instances(), className), testing::IsEmpty());
+        EXPECT_EQ(enumerateInstanceNames(links.instances(), className), answer({}));
+    }
+    qrvtest::ModuleProvider links("QRV_MgmtServiceForAuthorizedPrivilege", broker());
+    EXPECT_EQ(enumerateInstances(links.instances(), "CIM_ConcreteDependency"), answer({}));
 }
 
 }  // namespace

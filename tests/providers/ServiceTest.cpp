@@ -181,4 +181,74 @@ TEST_F(ServiceTest, methodNamesCountInAnyCaseAndRightsInLowerCase) {
     }
 }
 
+class PrivilegeServiceTest : public ModuleTest {
+  protected:
+    CIMInstanceProvider& provider() { return _service.instances(); }
+
+    std::string call(const char* method, const std::string& user = "admin",
+                     const std::string& path = PRIVILEGE_SERVICE) {
+        Recording recording;
+        MethodRecorder handler(recording);
+        const std::string outcome = outcomeOf([&] {
+            _service.methods().invokeMethod(requestOf(user), pathOf(path), CIMName(method), {},
+                                            handler);
+        });
+        EXPECT_THAT(recording.events(), testing::IsEmpty());
+        return outcome;
+    }
+
+    std::string get(const std::string& path) {
+        return outcomeOf([&] { getInstance(provider(), path); });
+    }
+
+    void expectLine(const std::string& text) {
+        EXPECT_THAT(logged(),
+                    testing::ElementsAre("2 QRV_PrivilegeMgmtServiceProvider::" + text + "\n"));
+    }
+
+    const std::string elsewhere = "QRV_PrivilegeManagementService.CreationClassName=\"x\"";
+    const std::string message = "QRV_PrivilegeMgmtServiceProvider";
+
+  private:
+    ModuleProvider _service{"QRV_PrivilegeMgmtServiceProvider", broker()};
+};
+
+TEST_F(PrivilegeServiceTest, isOneInstance) {
+    const std::string path = "//array7.example/root/qrv:" + PRIVILEGE_SERVICE;
+    control::failCall("api_getOwnerName");
+    EXPECT_THAT(
+        enumerateInstances(provider(), "cim_privilegemanagementservice"),
+        testing::ElementsAre(
+            "processing",
+            testing::AllOf(testing::StartsWith(path + "\n"), testing::HasSubstr("\nStarted=TRUE"),
+                           testing::HasSubstr("\nElementName=ORVELIS:PrivilegeManagementService"),
+                           testing::HasSubstr("\nPrimaryOwnerName=\n"),
+                           testing::HasSubstr("\nStartMode=Automatic")),
+            "complete"));
+    EXPECT_EQ(enumerateInstanceNames(provider(), "QRV_PrivilegeManagementService"), answer({path}));
+    EXPECT_EQ(get(PRIVILEGE_SERVICE), "");
+    EXPECT_THAT(logged(), testing::IsEmpty());
+    EXPECT_EQ(get("QRV_Other.A=\"x\""), "7 " + message + " Invalid class nameQRV_Other");
+    expectLine("getInstance() incorrect className = QRV_Other");
+    EXPECT_EQ(get(elsewhere), "4 " + message + " Expect four keys.");
+    expectLine("getInstance(): Invalid number of keys (1)");
+    EXPECT_EQ(get(elsewhere + ",A=\"1\",B=\"2\",C=\"3\""),
+              "6 " + message + " CIM Object not found.");
+    outcomeOf([&] { enumerateInstanceNames(provider(), "QRV_Other"); });
+    expectLine("enumerateInstanceNames() incorrect className = QRV_Other");
+}
+
+TEST_F(PrivilegeServiceTest, everyMethodFailsInItsTurn) {
+    for (const std::string method : {"RemoveAccess", "ASSIGNACCESS", "startservice", "StopService"})
+        EXPECT_EQ(call(method.c_str()), "1 " + method + " not supported");
+    EXPECT_EQ(call("AssignAccess", "stranger"), NO_OPEN);
+    EXPECT_EQ(call("NoSuch", "viewer", elsewhere), NO_RIGHT);
+    EXPECT_EQ(call("NoSuch", "admin", "QRV_Unknown.Name=\"x\""), NO_GENERIC);
+    EXPECT_THAT(logged(), testing::IsEmpty());
+    EXPECT_EQ(call("NoSuch", "admin", elsewhere), "6 " + message + " CIM Object not found.");
+    expectLine("invokeMethod(): object not found = //server.example/root/qrv:" + elsewhere);
+    EXPECT_EQ(call("NoSuch"), "17 " + message + ":NoSuch not known");
+    expectLine("invokeMethod():method NoSuch not known");
+}
+
 }  // namespace

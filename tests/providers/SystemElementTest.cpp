@@ -57,6 +57,29 @@ TEST_F(SystemElementTest, otherKeysAndUsersAreRefused) {
               "2 Insufficient privilege for the user");
 }
 
+TEST_F(SystemElementTest, aControllerIsShownByTheTransportOfItsVlun) {
+    exportVolumes();
+    const auto controller = [](const std::string& className, const std::string& deviceID) {
+        return "QRV_" + className + ".CreationClassName=\"QRV_" + className + "\",DeviceID=\"" +
+               deviceID + "\",SystemCreationClassName=\"QRV_StorageSystem\",SystemName=\"array7\"";
+    };
+    const std::string full = "//array7.example/root/qrv:";
+    std::vector<std::string> fc, iscsi;
+    for (const char* each : {"MS:0:1:1:0", "HS:0", "PP:0:1:1", "HS:1", "MS:1:1:1:0"})
+        fc.push_back(full + controller("SCSIController", each));
+    for (const char* each : {"MS:0:2:1:0", "HS:1", "PP:0:2:1"})
+        iscsi.push_back(full + controller("iSCSIController", each));
+    EXPECT_THAT(names("QRV_SCSIController"), testing::ElementsAreArray(fc));
+    EXPECT_THAT(names("QRV_iSCSIController"), testing::ElementsAreArray(iscsi));
+    EXPECT_THAT(get(controller("SCSIController", "hs:1")), testing::HasSubstr("\nDeviceID=HS:1\n"));
+    std::string elsewhere = controller("SCSIController", "HS:1");
+    elsewhere.replace(elsewhere.find("array7"), 6, "array8");
+    for (const std::string& path : {controller("SCSIController", "PP:0:2:1"), elsewhere})
+        EXPECT_EQ(get(path), "6 QRV_SCSIController CIM Object not found.") << path;
+    EXPECT_EQ(get("QRV_iSCSIController.DeviceID=\"HS:1\""),
+              "4 QRV_iSCSIController Expect four keys.");
+}
+
 TEST_F(SystemElementTest, theInternalCacheAnswersForItsOneObjectOnly) {
     const auto ask = [&](const char* object, const char* method) {
         return outcomeOf([&] {

@@ -29,6 +29,12 @@ inline const std::string SERVICE =
     "Name=\"ORVELIS_StorageHardwareIDManagementService\","
     "SystemCreationClassName=\"QRV_StorageSystem\",SystemName=\"array7\"";
 
+/// The service to which the rights of initiators belong, likewise.
+inline const std::string PRIVILEGE_SERVICE =
+    "QRV_PrivilegeManagementService.CreationClassName=\"QRV_PrivilegeManagementService\","
+    "Name=\"ORVELIS:PrivilegeManagementService\","
+    "SystemCreationClassName=\"QRV_StorageSystem\",SystemName=\"array7\"";
+
 /// References without host and namespace, as text.
 std::string collectionOf(const std::string& host);
 std::string fcID(const std::string& wwn);

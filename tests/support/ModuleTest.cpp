@@ -30,8 +30,25 @@ constexpr const char* SMALL_ARRAY = R"({
             {"wwn": "0000000000000005"},
             {"sasAddress": "5000000000000001", "ports": ["0:3:1"]}]},
         {"name": "bare", "id": 2, "persona": 1, "paths": []}],
-    "unassignedPaths": [{"iscsiName": "iqn.2001-04.example:free"}]
+    "unassignedPaths": [{"iscsiName": "iqn.2001-04.example:free"}],
+    "volumes": [{"name": "data", "wwn": "60000000000000000000000A00004711"}],
+    "volumeSets": [{"name": "void"}]
 })";
+
+/// What is exported, in the order that the array tells it in.
+constexpr const char* VLUNS[] = {
+    R"("kind": "matchedSet", "host": "alpha", "port": "0:1:1", "volume": "data", "lun": 1)",
+    R"("kind": "hostSees", "host": "alpha", "volume": "data", "lun": 2)",
+    R"("kind": "matchedSet", "host": "alpha", "port": "0:2:1", "volume": "data", "lun": 3)",
+    R"("kind": "portPresents", "port": "0:1:1", "volume": "data", "lun": 4)",
+    R"("kind": "hostSees", "host": "beta", "volume": "data", "lun": 5)",
+    R"("kind": "hostSees", "host": "beta", "volume": "data", "lun": 6,
+       "initiator": {"iscsiName": "iqn.2001-04.example:free"})",
+    R"("kind": "portPresents", "host": "alpha", "port": "0:2:1", "volume": "data", "lun": 7,
+       "initiator": {"iscsiName": "iqn.2001-04.example:Alpha"})",
+    R"("kind": "matchedSet", "host": "alpha", "port": "1:1:1", "template": true,
+       "volumeSet": "void", "lun": 8)",
+};
 
 }  // namespace
 
@@ -49,6 +66,10 @@ ModuleTest::~ModuleTest() {
 
 void ModuleTest::reloadArray() {
     control::loadScenarioText(SMALL_ARRAY);
+}
+
+void ModuleTest::exportVolumes() {
+    for (const char* vlun : VLUNS) control::addVlun(std::string("{") + vlun + "}");
 }
 
 std::vector<std::string> ModuleTest::logged() {

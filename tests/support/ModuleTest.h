@@ -26,6 +26,10 @@ class ModuleTest : public testing::Test {
     /// Gives back the array as it was at first.
     static void reloadArray();
 
+    /// Adds VLUNs for alpha and beta over FC and iSCSI. Beta can't be asked for the initiator that
+    /// one of them names, and one is a template of an empty volume set.
+    static void exportVolumes();
+
     /// The lines logged since the last call, as "level text".
     std::vector<std::string> logged();
 

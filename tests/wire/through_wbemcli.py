@@ -48,6 +48,14 @@ class WbemcliTest(unittest.TestCase):
         self.assertEqual((answer[0], answer[-1]), ("QRV_StorageHardwareID", "-IPAddress="))
         self.assertIn("-StorageID=", answer)
 
+    def test_rights(self):
+        controller = ('QRV_SCSIController.CreationClassName="QRV_SCSIController",DeviceID="MS:0:1:1:0",'
+                      'SystemCreationClassName="QRV_StorageSystem",SystemName="wire-test"')
+        right = 'QRV_AuthorizedPrivilege.InstanceID="ORVELIS:FC-1000000000A1B201::MS:0:1:1:0"'
+        host = "wire-test.example.com/root/qrv:"
+        self.assertEqual(sorted(self.ask("ain", controller)), [host + right, host + FIRST])
+        self.assertEqual(self.ask("ain -ac QRV_PrivilegeForStorageHardwareID", right), [host + FIRST])
+
     def test_errors(self):
         self.assertIn("* wbemcli: Cim: (5) CIM_ERR_INVALID_CLASS: QRV_NoSuchClass",
                       self.ask("ein", "QRV_NoSuchClass"))

@@ -49,12 +49,15 @@ VlunQuery controllersOf(const CIMObjectPath& privilege) {
                       spcDeviceID);
     VlunQuery query;
     addFilter(*query.change(), filterOf(spcDeviceID));
-    callArray([&] { return api_getSCSIProtocolControllers(query.change()); });
+    if (callArray([&] { return api_getSCSIProtocolControllers(query.change()); }) != 0)
+        return VlunQuery();
     return query;
 }
 
-/// Whether a VLUN of the controller exports to the host.
+/// Whether a VLUN of the controller exports to the host. A VLUN without a host has an empty name
+/// for it, which no collection has.
 bool exportsTo(const CIMObjectPath& privilege, const String& hostName) {
+    if (hostName.size() == 0) return false;
     const VlunQuery controllers = controllersOf(privilege);
     for (unsigned int i = 0; i < controllers->count; ++i)
         if (hostName == controllers->vluns[i].hostname) return true;
