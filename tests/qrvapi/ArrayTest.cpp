@@ -112,8 +112,12 @@ std::vector<std::string> ArrayTest::hosts(const Query& query) {
     const auto status = api_getHosts(query.hostName, query.wwn, query.iscsiName, &list.info,
                                      query.withUnassigned, query.brief);
     if (status.code != ERR_UNKNOWN) return {codeText(status.code)};
+    return lines(list.info);
+}
+
+std::vector<std::string> ArrayTest::lines(const api_HostsInfo_t& list) {
     std::vector<std::string> lines;
-    for (unsigned i = 0; i < list.info.count; ++i) lines.push_back(text(list.info.hosts[i]));
+    for (unsigned i = 0; i < list.count; ++i) lines.push_back(text(list.hosts[i]));
     return lines;
 }
 

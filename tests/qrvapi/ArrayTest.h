@@ -33,6 +33,7 @@ class ArrayTest : public ::testing::Test {
         int brief = 0;
     };
     static std::vector<std::string> hosts(const Query& query);
+    static std::vector<std::string> lines(const api_HostsInfo_t& list);
     static std::vector<std::string> paths(const char* wwn, const char* iscsiName,
                                           const char* hostName = nullptr, int withUnassigned = 1);
 

@@ -24,6 +24,23 @@ void onThreads(Work&& work) {
     for (auto& thread : threads) thread.join();
 }
 
+/// How many paths the hosts of a walk have that begins now.
+unsigned pathsOfAWalk() {
+    api_spc_param_data walk;
+    api_VLUNsInfo query{};
+    qrv_u32 cursor = 0;
+    EXPECT_EQ(api_initSPCParamData(&walk), 0);
+    {
+        const GateHeld gate;
+        EXPECT_EQ(api_getSCSIProtocolControllers_chunk(&query, &walk, &cursor, 1), 0);
+    }
+    unsigned count = 0;
+    for (unsigned i = 0; i < walk.allHosts.count; ++i) count += walk.allHosts.hosts[i].pathCount;
+    api_freeVLUNs(&query);
+    api_freeSPCParamData(&walk);
+    return count;
+}
+
 TEST_F(ConcurrencyTest, OneHolderAtATimePassesTheGate) {
     int plain = 0;  // guarded by the gate alone
     onThreads([&](int) {
@@ -89,6 +106,7 @@ TEST_F(ConcurrencyTest, ReadersWritersAndWatchersGetAlong) {
                              R"({"wwn": "200000000000000)" + std::to_string(thread) + R"("})");
             failures += paths(nullptr, nullptr, name.c_str()).size() != 1;
             failures += hosts({}).size() < 5;
+            failures += pathsOfAWalk() < 6;
             failures += control::outstanding().tables != 0;
             control::removeHost(name);
         }

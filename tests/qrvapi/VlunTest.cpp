@@ -1,5 +1,7 @@
 #include <cstdlib>
 #include <cstring>
+#include <functional>
+#include <memory>
 
 #include "ArrayTest.h"
 
@@ -31,15 +33,31 @@ struct Walk {
 
 using Lines = std::vector<std::string>;
 
+/// A change that a client makes to a host.
+template <class Call>
+void change(Call&& call) {
+    api_evtparam_t event{};
+    const GateHeld gate;
+    EXPECT_EQ(call(&event).code, ERR_UNKNOWN);
+}
+
+void rename(const char* from, const char* to) {
+    change([&](auto* event) { return api_setHost(event, from, nullptr, 0, nullptr, 0, 0, to); });
+}
+
 class VlunTest : public ArrayTest {
   protected:
     struct Chunks {
         Lines lines;
         std::vector<unsigned> sizes;
+        std::vector<std::pair<std::string, lpid_t>> ends;  // host and port
     };
 
     static void take(api_VLUNsInfo& query, Chunks& chunks) {
-        for (unsigned i = 0; i < query.count; ++i) chunks.lines.push_back(text(query.vluns[i]));
+        for (unsigned i = 0; i < query.count; ++i) {
+            chunks.lines.push_back(text(query.vluns[i]));
+            chunks.ends.emplace_back(query.vluns[i].hostname, query.vluns[i].port);
+        }
         chunks.sizes.push_back(query.count);
         query.count = 0;
         std::free(query.vluns);
@@ -157,6 +175,88 @@ TEST_F(VlunTest, FiltersCountOnlyWithTheirFlags) {
     EXPECT_THAT(luns(query), ElementsAre("9"));
     std::strcpy(query.vvname, "v1");
     EXPECT_THAT(luns(query), ElementsAre("4"));
+}
+
+TEST_F(VlunTest, NarrowedWalksFindWhatTheWholeWalkHas) {
+    const auto check = [](const char* when) {
+        SCOPED_TRACE(when);
+        const auto all = walk();
+        for (const char* const host : {"", "alpha", "beta", "omega", "empty"}) {
+            for (const lpid_t port : {0, 17, 33, 49, 273, int(QRV_NO_PORT)}) {
+                api_VLUNsInfo query{};
+                query.hostnameIsSet = *host != '\0';
+                std::strcpy(query.hostname, host);
+                query.portIsSet = port != 0;
+                query.port = port;
+                Lines expected;
+                for (std::size_t i = 0; i < all.lines.size(); ++i) {
+                    const bool meets = (!query.hostnameIsSet || all.ends[i].first == host) &&
+                                       (!query.portIsSet || all.ends[i].second == port);
+                    if (meets) expected.push_back(all.lines[i]);
+                }
+                EXPECT_EQ(walk(query, 2).lines, expected) << host << " " << port;
+            }
+        }
+    };
+    check("at the start");
+    for (const char* const vlun :
+         {R"({"kind": "hostSees", "host": "beta", "volume": "v1", "lun": 4})",
+          R"({"kind": "hostSet", "hostSet": "both", "volume": "v0", "lun": 5})",
+          R"({"kind": "hostSees", "template": true, "host": "alpha", "volumeSet": "pair", "lun": 9,
+              "portType": "iscsi"})"}) {
+        control::removeVlun(vlun);
+        check(vlun);
+    }
+    rename("alpha", "omega");
+    control::removeHost("empty");
+    control::addHost(R"({"name": "alpha", "persona": 1})");
+    control::addVlun(R"({"kind": "matchedSet", "port": "0:1:1", "host": "alpha", "volume": "v0",
+                         "lun": 2})");
+    check("with other hosts");
+}
+
+TEST_F(VlunTest, EveryWalkHasTheHostsOfItsOwnStart) {
+    const std::function<void()> changes[] = {
+        [] { control::addHost(R"({"name": "late", "persona": 1})"); },
+        [] { control::addPath("late", R"({"wwn": "00000000000000C5"})"); },
+        [] { control::removePath("late", R"({"wwn": "00000000000000C5"})"); },
+        [] { rename("late", "later"); },
+        [] { change([](auto* event) { return api_setHostDomain(event, "later", "archive"); }); },
+        [] {
+            change([](auto* event) { return api_removePath(event, "alpha", 0, 5, nullptr, 0); });
+        },
+        [] { control::removeHost("empty"); },
+        [] { control::reset(); }};
+    api_VLUNsInfo query{};
+    const auto begin = [&](Walk& walk) {
+        qrv_u32 cursor = 0;
+        const GateHeld gate;
+        const int code = api_getSCSIProtocolControllers_chunk(&query, &walk.param, &cursor, 1);
+        api_freeVLUNs(&query);
+        return code;
+    };
+    Query assigned;
+    assigned.withUnassigned = 0;
+    auto before = hosts(assigned);
+    auto older = std::make_unique<Walk>();
+    EXPECT_EQ(begin(*older), 0);
+    for (const auto& step : changes) {
+        SCOPED_TRACE(&step - changes);
+        Walk failing;
+        control::failAllocation();
+        EXPECT_EQ(begin(failing), ERR_API_NO_MEMORY);
+        EXPECT_EQ(failing.param.allHosts.hosts, nullptr);
+        step();
+        EXPECT_EQ(begin(*older), 0);
+        EXPECT_EQ(lines(older->param.allHosts), before);
+        auto newer = std::make_unique<Walk>();
+        EXPECT_EQ(begin(*newer), 0);
+        older = std::move(newer);
+        const auto now = hosts(assigned);
+        EXPECT_NE(now, before);
+        EXPECT_EQ(lines(older->param.allHosts), now);
+        before = now;
+    }
 }
 
 TEST_F(VlunTest, ControllersComeOnceForEachHost) {

@@ -1,5 +1,4 @@
 #include <memory>
-#include <new>
 
 #include "Call.h"
 #include "StringTable.h"
@@ -11,10 +10,6 @@ namespace {
 
 void describeKey(Arguments& arguments, const char* key) {
     arguments.text("key", key);
-}
-
-void failAllocationIfAsked() {
-    if (Instruments::instance().allocationFails()) throw std::bad_alloc();
 }
 
 hashtable_t* newTable(int size, float loadFactor) {

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <limits>
 #include <memory>
-#include <new>
 #include <utility>
 
 #include "Call.h"
@@ -46,6 +45,14 @@ class Filter {
           volume_(fieldText(query.vvname)),
           host_(model.findHost(std::string(fieldText(query.hostname)))) {}
 
+    /// Where in a list VLUNs may be that are admitted; null for anywhere.
+    const Places* placesIn(const VlunList& list) const {
+        const auto* const ofHost = query_.hostnameIsSet ? &list.ofHost(host_) : nullptr;
+        const auto* const onPort = query_.portIsSet ? &list.onPort(query_.port) : nullptr;
+        if (ofHost == nullptr || onPort == nullptr) return ofHost == nullptr ? onPort : ofHost;
+        return ofHost->size() < onPort->size() ? ofHost : onPort;
+    }
+
     bool admits(const Vlun& vlun) const {
         return (!query_.hostnameIsSet || (host_ != nullptr && vlun.host == host_)) &&
                (!query_.vluntypeIsSet || static_cast<unsigned>(vlun.kind) == query_.vluntype) &&
@@ -55,10 +62,6 @@ class Filter {
     }
 
   private:
-    static lpid_t portOf(const Vlun& vlun) {
-        return vlun.port == nullptr ? QRV_NO_PORT : vlun.port->id;
-    }
-
     const api_VLUNsInfo& query_;
     std::string_view volume_;
     const Host* host_;
@@ -110,45 +113,83 @@ bool isNewController(StringTable& seen, const Vlun& vlun) {
 // ---- Walks
 // ---------------------------------------------------------------------------------------
 
-/// The VLUNs that a walk goes through: the active ones, the templates, or both in that order.
-class Road {
+/// A list of VLUNs, of which a filter may look at some places only.
+class Stretch {
   public:
-    Road(const Vluns& vluns, bool active, bool templates)
-        : active_(active ? vluns.active() : none()),
-          templates_(templates ? vluns.templates() : none()) {}
+    Stretch(const VlunList& list, const Filter& filter)
+        : list_(list), places_(filter.placesIn(list)) {}
 
-    std::size_t length() const { return active_.size() + templates_.size(); }
-    Found at(std::size_t place) const {
-        if (place < active_.size()) return {&active_[place], false};
-        return {&templates_[place - active_.size()], true};
+    std::size_t length() const { return list_.size(); }
+    const Vlun& at(std::size_t place) const { return list_[place]; }
+
+    /// Looks at places from `place` on until `look` answers no. Whether it never did.
+    template <class Look>
+    bool follow(std::size_t place, Look&& look) const {
+        if (places_ == nullptr) {
+            while (place < length() && look(place)) ++place;
+            return place >= length();
+        }
+        const auto first = std::lower_bound(places_->begin(), places_->end(), place);
+        return std::all_of(first, places_->end(), look);
     }
 
   private:
-    static const std::vector<Vlun>& none() {
-        static const std::vector<Vlun> list;
+    const VlunList& list_;
+    const Places* places_;
+};
+
+/// The VLUNs that a walk goes through: the active ones, the templates, or both in that order.
+class Road {
+  public:
+    Road(const Vluns& vluns, const Filter& filter, bool active, bool templates)
+        : active_(active ? vluns.active() : none(), filter),
+          templates_(templates ? vluns.templates() : none(), filter) {}
+
+    std::size_t length() const { return active_.length() + templates_.length(); }
+
+    /// As that of a stretch, with what is there: `look(place, found)`.
+    template <class Look>
+    bool follow(std::size_t place, Look&& look) const {
+        const auto turn = active_.length();
+        return active_.follow(place, [&](std::size_t at) {
+            return look(at, Found{&active_.at(at), false});
+        }) && templates_.follow(std::max(place, turn) - turn, [&](std::size_t at) {
+            return look(turn + at, Found{&templates_.at(at), true});
+        });
+    }
+
+  private:
+    static const VlunList& none() {
+        static const VlunList list;
         return list;
     }
 
-    const std::vector<Vlun>& active_;
-    const std::vector<Vlun>& templates_;
+    Stretch active_;
+    Stretch templates_;
 };
 
-/// Goes on from `place` until `limit` VLUNs are wanted or the road ends, and moves `place`.
+/// Goes on from `place` until `limit` VLUNs are wanted or the road ends, and moves `place` behind
+/// the last of them or to the end.
 template <class Wanted>
 std::vector<Found> collect(const Road& road, std::size_t& place, std::size_t limit,
                            Wanted&& wanted) {
     std::vector<Found> found;
-    for (; place < road.length() && found.size() < limit; ++place) {
-        const auto next = road.at(place);
+    if (limit == 0) return found;
+    const bool ended = road.follow(place, [&](std::size_t at, const Found& next) {
         if (wanted(*next.vlun)) found.push_back(next);
-    }
+        place = at + 1;
+        return found.size() < limit;
+    });
+    if (ended) place = road.length();
     return found;
 }
 
-/// Host IDs as keys of a string table.
-std::string_view keyOf(const qrv_u32& hostId) {
-    return {static_cast<const char*>(static_cast<const void*>(&hostId)), sizeof hostId};
-}
+/// Stands in a walk's record and keeps the hosts of the walk's start.
+struct WalkTable : hashtable {
+    using hashtable::hashtable;
+
+    std::shared_ptr<const HostSnapshot> hosts;
+};
 
 /// The library's side of a walk's record.
 class Walk {
@@ -156,20 +197,21 @@ class Walk {
     explicit Walk(api_spc_param_data* param) : param_(param) {
         refuseUnless(param != nullptr && Ledger::instance().isOut(param->hostHashTable),
                      "the walk's record isn't prepared");
+        hosts_ = &static_cast<WalkTable*>(param->hostHashTable)->hosts;
     }
 
     /// Fixes the hosts that the records point to, at the first chunk.
     void begin(const Model& model) {
-        if (param_->allHosts.hosts != nullptr) return;
-        param_->allHosts = handOutAllHosts(model);
+        if (*hosts_ != nullptr) return;
+        auto hosts = HostSnapshot::of(model);
+        Ledger::instance().handOutList(hosts_);
+        *hosts_ = std::move(hosts);
+        param_->allHosts = (*hosts_)->list();
         param_->sysid = model.facts().id;
-        for (unsigned i = 0; i < param_->allHosts.count; ++i) {
-            param_->hostHashTable->put(keyOf(param_->allHosts.hosts[i].id), static_cast<long>(i));
-        }
     }
 
     VlunBlock blockOf(const std::vector<Found>& found) const {
-        return ::blockOf(found, [&](const Host* host) { return indexOf(host); });
+        return ::blockOf(found, [&](const Host* host) { return (*hosts_)->indexOf(host); });
     }
 
     StringTable& seen() { return *param_->stringHashTable; }
@@ -180,13 +222,8 @@ class Walk {
     }
 
   private:
-    qrv_u32 indexOf(const Host* host) const {
-        const bool known = host != nullptr && param_->hostHashTable->contains(keyOf(host->id));
-        if (!known) return QRV_NO_HOST;
-        return static_cast<qrv_u32>(param_->hostHashTable->valueOf(keyOf(host->id)));
-    }
-
     api_spc_param_data* param_;
+    std::shared_ptr<const HostSnapshot>* hosts_;
 };
 
 std::size_t chunkLimit(qrv_u32 wanted) {
@@ -217,8 +254,8 @@ Chunk readChunk(Walk& walk, const Road& road, qrv_u32 cursor, qrv_u32 size, Want
 }
 
 VlunBlock readControllers(const Model& model, const api_VLUNsInfo& query) {
-    const Road road(model.vluns(), true, true);
     const Filter filter(query, model);
+    const Road road(model.vluns(), filter, true, true);
     StringTable seen(500, 0.75F);
     std::size_t place = 0;
     const auto found = collect(road, place, road.length(), [&](const Vlun& vlun) {
@@ -230,8 +267,8 @@ VlunBlock readControllers(const Model& model, const api_VLUNsInfo& query) {
 Chunk readControllerChunk(const Model& model, const api_VLUNsInfo& query, Walk walk, qrv_u32 cursor,
                           qrv_u32 size) {
     walk.begin(model);
-    const Road road(model.vluns(), true, true);
     const Filter filter(query, model);
+    const Road road(model.vluns(), filter, true, true);
     return readChunk(walk, road, cursor, size, [&](const Vlun& vlun) {
         return filter.admits(vlun) && isNewController(walk.seen(), vlun);
     });
@@ -240,8 +277,8 @@ Chunk readControllerChunk(const Model& model, const api_VLUNsInfo& query, Walk w
 Chunk readVlunChunk(const Model& model, const api_VLUNsInfo& query, bool templates, Walk walk,
                     qrv_u32 cursor, qrv_u32 size) {
     walk.begin(model);
-    const Road road(model.vluns(), !templates, templates);
     const Filter filter(query, model);
+    const Road road(model.vluns(), filter, !templates, templates);
     return readChunk(walk, road, cursor, size,
                      [&](const Vlun& vlun) { return filter.admits(vlun); });
 }
@@ -249,9 +286,10 @@ Chunk readVlunChunk(const Model& model, const api_VLUNsInfo& query, bool templat
 // ---- The record of a walk
 // ------------------------------------------------------------------------
 
-std::unique_ptr<hashtable> newTable() {
-    if (Instruments::instance().allocationFails()) throw std::bad_alloc();
-    return std::make_unique<hashtable>(500, 0.75F);
+template <class Table>
+std::unique_ptr<Table> newTable(std::size_t size) {
+    failAllocationIfAsked();
+    return std::make_unique<Table>(size, 0.75F);
 }
 
 }  // namespace
@@ -260,8 +298,8 @@ int api_initSPCParamData(api_spc_param_data* param) {
     if (param != nullptr) *param = {};
     return codeCall(Function::api_initSPCParamData, noArguments, [&] {
         refuseUnless(param != nullptr, "param");
-        auto seen = newTable();
-        auto hosts = newTable();
+        auto seen = newTable<hashtable>(500);
+        auto hosts = newTable<WalkTable>(0);
         Ledger::instance().handOutList(hosts.get());
         param->stringHashTable = seen.release();
         param->hostHashTable = hosts.release();
@@ -277,8 +315,9 @@ void api_freeSPCParamData(api_spc_param_data* param) {
             return Ledger::instance().report(
                 "api_freeSPCParamData was given a record that isn't out");
         }
-        const std::unique_ptr<hashtable> seen(gone.stringHashTable), hosts(gone.hostHashTable);
-        giveBackList(Function::api_freeSPCParamData, gone.allHosts.hosts);
+        const std::unique_ptr<hashtable> seen(gone.stringHashTable);
+        const std::unique_ptr<WalkTable> hosts(static_cast<WalkTable*>(gone.hostHashTable));
+        Ledger::instance().takeBackList(&hosts->hosts);
     });
 }
 

@@ -78,11 +78,32 @@ api_HostsInfo_t HostList::handOut() {
     return {count, records_.handOut()};
 }
 
-api_HostsInfo_t handOutAllHosts(const Model& model) {
-    if (model.hosts().empty()) return {};
-    HostList list(model.hosts().size(), model.pathCount() - model.unassigned().paths.size());
-    for (const auto& host : model.hosts()) list.addWhole(host);
-    return list.handOut();
+HostSnapshot::HostSnapshot(const Model& model)
+    : count_(static_cast<unsigned>(model.hosts().size())), indexes_(count_) {
+    if (count_ == 0) return;
+    HostList list(count_, model.pathCount() - model.unassigned().paths.size());
+    for (const auto& host : model.hosts()) {
+        list.addWhole(host);
+        indexes_.emplace(host.id, static_cast<qrv_u32>(indexes_.size()));
+    }
+    hosts_ = list.take();
+}
+
+std::shared_ptr<const HostSnapshot> HostSnapshot::of(const Model& model) {
+    return model.latestHosts().write([&](auto& latest) {
+        if (latest == nullptr) {
+            latest = std::make_shared<const HostSnapshot>(model);
+        } else {
+            failAllocationIfAsked();
+        }
+        return latest;
+    });
+}
+
+qrv_u32 HostSnapshot::indexOf(const Host* host) const {
+    if (host == nullptr) return QRV_NO_HOST;
+    const auto entry = indexes_.find(host->id);
+    return entry == indexes_.end() ? QRV_NO_HOST : entry->second;
 }
 
 }  // namespace qrvapi

@@ -98,9 +98,13 @@ control::Outstanding Ledger::outstanding() const {
     return held;
 }
 
+void failAllocationIfAsked() {
+    if (Instruments::instance().allocationFails()) throw std::bad_alloc();
+}
+
 void* allocateRecords(std::size_t count, std::size_t size) {
-    void* const records =
-        Instruments::instance().allocationFails() ? nullptr : std::calloc(count, size);
+    failAllocationIfAsked();
+    void* const records = std::calloc(count, size);
     if (records == nullptr) throw std::bad_alloc();
     return records;
 }

@@ -67,6 +67,9 @@ class Ledger {
     std::atomic<bool> freeWatched_{false};
 };
 
+/// Stands for an allocation that a test may want to fail; throws std::bad_alloc then.
+void failAllocationIfAsked();
+
 /// Zeroed memory for `count` records. Throws std::bad_alloc, also when a test wants it.
 void* allocateRecords(std::size_t count, std::size_t size);
 
@@ -103,10 +106,13 @@ class NestedRecords {
     Inner* innerPlace() const { return nextInner_; }
     unsigned count() const { return count_; }
 
+    Records<Outer> take() {
+        return Records<Outer>(static_cast<Outer*>(static_cast<void*>(memory_.release())));
+    }
     /// For the caller, who gives the list back through the library.
     Outer* handOut() {
         Ledger::instance().handOutList(memory_.get());
-        return static_cast<Outer*>(static_cast<void*>(memory_.release()));
+        return take().release();
     }
 
   private:

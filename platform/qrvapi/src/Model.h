@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <list>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -15,6 +16,7 @@
 
 #include "Chap.h"
 #include "EventLog.h"
+#include "Guarded.h"
 #include "Identity.h"
 #include "Vluns.h"
 #include "Volumes.h"
@@ -109,6 +111,10 @@ struct DomainSet {
     std::vector<std::string> members;
 };
 
+class HostSnapshot;
+/// What walks share; null until the first asks.
+using LatestHosts = Guarded<std::shared_ptr<const HostSnapshot>>;
+
 /// The array's state and the rules that keep it sound. Operations that are refused throw Refusal
 /// and change nothing. Not safe for threads by itself.
 class Model {
@@ -169,6 +175,8 @@ class Model {
     /// Null for an unknown name.
     const Host* findHost(const std::string& name) const;
     const std::list<Host>& hosts() const { return hosts_; }
+    /// Becomes null with every change of a host or a path.
+    LatestHosts& latestHosts() const { return latestHosts_; }
     /// Holds the paths of no host; has neither name nor ID nor persona.
     const Host& unassigned() const { return unassigned_; }
     /// All paths of one initiator, in the array's order, those of no host last.
@@ -190,6 +198,8 @@ class Model {
     using HostPlace = std::list<Host>::iterator;
     using PathPlace = std::list<Path>::iterator;
 
+    /// To be called before anything changes that a reader sees of hosts and paths.
+    void hostsChange();
     HostPlace placeOf(const std::string& name) const;
     const Host& pathHolder(const std::string& hostName) const;
     Host& pathHolder(const std::string& hostName);
@@ -222,6 +232,7 @@ class Model {
     std::map<qrv_u32, DomainSet> domainSets_;
     std::list<Host> hosts_;
     Host unassigned_;
+    mutable LatestHosts latestHosts_;
     std::unordered_map<std::string, HostPlace> hostsByName_;
     std::unordered_set<qrv_u32> hostIds_;
     std::map<std::string, HostSet> hostSets_;

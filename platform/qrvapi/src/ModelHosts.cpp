@@ -24,6 +24,10 @@ void note(Descriptors& descriptors, const HostChange& change) {
 
 // ---- Hosts --------------------------------------------------------------------------------------
 
+void Model::hostsChange() {
+    latestHosts_.write([](auto& latest) { latest.reset(); });
+}
+
 qrv_u32 Model::freeHostId(std::optional<qrv_u32> wanted) const {
     const auto id = wanted.value_or(nextHostId_);
     if (hostIds_.count(id) != 0) throw Refusal(ERR_QRV_HOST_IDEXISTS, {std::to_string(id)});
@@ -43,6 +47,7 @@ void Model::addHost(HostDefinition definition) {
     requireSound(definition.chap);
     const auto id = freeHostId(definition.id);
 
+    hostsChange();
     Host host;
     host.id = id;
     host.name = definition.name;
@@ -78,6 +83,7 @@ void Model::changeHost(const std::string& name, const HostChange& change) {
                     : changedChap(host->chap, *change.chap, host->name, facts_.name);
     refuseInitiators(&*host, change.initiators);
 
+    hostsChange();
     host->persona = newPersona;
     host->chap = std::move(chap);
     note(host->descriptors, change);
@@ -88,6 +94,7 @@ void Model::changeHost(const std::string& name, const HostChange& change) {
 void Model::setHostDomain(const std::string& name, const std::string& domain) {
     const auto host = placeOf(name);
     if (!domain.empty()) requireDomain(domain);
+    hostsChange();
     host->domain = domain;
 }
 
@@ -105,6 +112,7 @@ void Model::refuseRemoval(const Host& host) const {
 void Model::removeHost(const std::string& name) {
     const auto gone = placeOf(name);
     refuseRemoval(*gone);
+    hostsChange();
     for (auto path = gone->paths.begin(); path != gone->paths.end(); ++path) unindex(path);
     hostIds_.erase(gone->id);
     hostsByName_.erase(gone->name);
@@ -189,6 +197,7 @@ void Model::addPath(const std::string& hostName, const PathDefinition& path) {
     auto& host = pathHolder(hostName);
     const auto* port = portFor(path);
     refuseSecondPath(host, path);
+    hostsChange();
     host.paths.push_back({&host, nextOrder_++, path.initiator, port, path.ipv4});
     pathIndex_.emplace(path.initiator.hash(), std::prev(host.paths.end()));
 }
@@ -200,6 +209,7 @@ void Model::giveInitiator(Host& host, const Initiator& initiator) {
 }
 
 void Model::move(PathPlace path, Host& from, Host& to) {
+    hostsChange();
     to.paths.splice(to.paths.end(), from.paths, path);
     path->host = &to;
     path->order = nextOrder_++;
@@ -248,6 +258,7 @@ void Model::removePath(const std::string& hostName, const Initiator& initiator,
 }
 
 void Model::unindex(PathPlace path) {
+    hostsChange();
     const auto [first, last] = pathIndex_.equal_range(path->initiator.hash());
     pathIndex_.erase(
         std::find_if(first, last, [&](const auto& entry) { return entry.second == path; }));

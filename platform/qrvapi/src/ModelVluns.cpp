@@ -62,7 +62,7 @@ void Model::forEachRecord(const VlunDefinition& definition, Visitor&& visit) {
 
 void Model::addVlun(const VlunDefinition& definition) {
     forEachRecord(definition, [&](const Vlun& vlun, Host* host) {
-        vluns_.add(vlun, definition.isTemplate);
+        vluns_.list(definition.isTemplate).add(vlun);
         if (host != nullptr) ++host->vlunCount;
         if (vlun.volume != nullptr) ++volumes_.volume(definition.volume).vlunCount;
     });
@@ -71,7 +71,7 @@ void Model::addVlun(const VlunDefinition& definition) {
 void Model::removeVlun(const VlunDefinition& definition) {
     bool found = false;
     forEachRecord(definition, [&](const Vlun& vlun, Host* host) {
-        if (!vluns_.remove(vlun, definition.isTemplate)) return;
+        if (!vluns_.list(definition.isTemplate).remove(vlun)) return;
         found = true;
         if (host != nullptr) --host->vlunCount;
         if (vlun.volume != nullptr) --volumes_.volume(definition.volume).vlunCount;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "Model.h"
+
 namespace qrvapi {
 
 bool Vlun::operator==(const Vlun& other) const {
@@ -13,11 +15,51 @@ bool Vlun::operator==(const Vlun& other) const {
     return fields(*this) == fields(other);
 }
 
-bool Vluns::remove(const Vlun& vlun, bool isTemplate) {
-    auto& list = listOf(isTemplate);
-    const auto place = std::find(list.begin(), list.end(), vlun);
-    if (place == list.end()) return false;
-    list.erase(place);
+lpid_t portOf(const Vlun& vlun) {
+    return vlun.port == nullptr ? QRV_NO_PORT : vlun.port->id;
+}
+
+template <class Key>
+void PlaceIndex<Key>::add(Key key, std::size_t place) {
+    places_[key].push_back(static_cast<std::uint32_t>(place));
+}
+
+template <class Key>
+void PlaceIndex<Key>::remove(Key key, std::size_t place) {
+    const auto from = [place](Places& places) {
+        return std::lower_bound(places.begin(), places.end(), place);
+    };
+    const auto entry = places_.find(key);
+    entry->second.erase(from(entry->second));
+    if (entry->second.empty()) places_.erase(entry);
+    for (auto& [other, places] : places_) {
+        std::for_each(from(places), places.end(), [](auto& behind) { --behind; });
+    }
+}
+
+template <class Key>
+const Places& PlaceIndex<Key>::of(Key key) const {
+    static const Places none;
+    const auto entry = places_.find(key);
+    return entry == places_.end() ? none : entry->second;
+}
+
+template class PlaceIndex<const Host*>;
+template class PlaceIndex<lpid_t>;
+
+void VlunList::add(const Vlun& vlun) {
+    vluns_.push_back(vlun);
+    byHost_.add(vlun.host, vluns_.size() - 1);
+    byPort_.add(portOf(vlun), vluns_.size() - 1);
+}
+
+bool VlunList::remove(const Vlun& vlun) {
+    const auto found = std::find(vluns_.begin(), vluns_.end(), vlun);
+    if (found == vluns_.end()) return false;
+    const auto place = static_cast<std::size_t>(found - vluns_.begin());
+    byHost_.remove(vlun.host, place);
+    byPort_.remove(portOf(vlun), place);
+    vluns_.erase(found);
     return true;
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -38,6 +40,9 @@ struct Vlun {
     bool operator==(const Vlun& other) const;
 };
 
+/// QRV_NO_PORT for none.
+lpid_t portOf(const Vlun& vlun);
+
 /// What a VLUN is made from, by name.
 struct VlunDefinition {
     VlunKind kind = VlunKind::hostSees;
@@ -53,19 +58,51 @@ struct VlunDefinition {
     vol_mode_t access = VOL_MODE_READWRITE;
 };
 
-/// All VLUNs in the order of their making: the active ones, then the templates.
+/// Places in a list, in ascending order.
+using Places = std::vector<std::uint32_t>;
+
+/// Where in a list the VLUNs with each key are.
+template <class Key>
+class PlaceIndex {
+  public:
+    void add(Key key, std::size_t place);
+    /// Takes a place out; those behind it move up.
+    void remove(Key key, std::size_t place);
+    const Places& of(Key key) const;
+
+  private:
+    std::unordered_map<Key, Places> places_;
+};
+
+/// VLUNs in the order of their making. Those of one host or port are found without the others.
+class VlunList {
+  public:
+    void add(const Vlun& vlun);
+    /// Takes out the first that is equal. Whether there was one.
+    bool remove(const Vlun& vlun);
+
+    std::size_t size() const { return vluns_.size(); }
+    const Vlun& operator[](std::size_t place) const { return vluns_[place]; }
+    const Places& ofHost(const Host* host) const { return byHost_.of(host); }
+    /// QRV_NO_PORT for those on none.
+    const Places& onPort(lpid_t port) const { return byPort_.of(port); }
+
+  private:
+    std::vector<Vlun> vluns_;
+    PlaceIndex<const Host*> byHost_;
+    PlaceIndex<lpid_t> byPort_;
+};
+
+/// All VLUNs: the active ones and the templates.
 class Vluns {
   public:
     Vluns() = default;
     Vluns(const Vluns&) = delete;
     Vluns& operator=(const Vluns&) = delete;
 
-    void add(const Vlun& vlun, bool isTemplate) { listOf(isTemplate).push_back(vlun); }
-    /// Takes out the first that is equal. Whether there was one.
-    bool remove(const Vlun& vlun, bool isTemplate);
-
-    const std::vector<Vlun>& active() const { return active_; }
-    const std::vector<Vlun>& templates() const { return templates_; }
+    VlunList& list(bool ofTemplates) { return ofTemplates ? templates_ : active_; }
+    const VlunList& active() const { return active_; }
+    const VlunList& templates() const { return templates_; }
 
     /// The one copy of an initiator that VLUNs name.
     const Initiator* shared(const Initiator& initiator) {
@@ -73,10 +110,8 @@ class Vluns {
     }
 
   private:
-    std::vector<Vlun>& listOf(bool isTemplate) { return isTemplate ? templates_ : active_; }
-
-    std::vector<Vlun> active_;
-    std::vector<Vlun> templates_;
+    VlunList active_;
+    VlunList templates_;
     std::unordered_set<Initiator, InitiatorHash> initiators_;
 };
 
