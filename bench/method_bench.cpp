@@ -35,25 +35,29 @@ const CIMObjectPath HOST =
     path("QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:host0000000\"");
 const CIMObjectPath NEW_HOST = path("QRV_StorageHardwareIDCollection.InstanceID=\"ORVELIS:new\"");
 
-Array<CIMObjectPath> listOf(const CIMObjectPath& member) {
-    Array<CIMObjectPath> list;
-    list.append(member);
-    return list;
+Array<String> listOf(const CIMObjectPath& member) {
+    return Array<String>(1, member.toString());
 }
 
 CIMParamValue in(const char* name, const CIMValue& value) {
     return CIMParamValue(name, value);
 }
 
-/// The providers over one array.
-struct Service {
-    Service() {
+/// 10,000 hosts with two initiators of either transport.
+struct LargeArray {
+    LargeArray() {
         qrvapi::control::reset();
         qrvapi::control::ArraySize size;
         size.hosts = 10000;
         size.fcPathsPerHost = 2;
         size.iscsiPathsPerHost = 2;
         qrvapi::control::generateArray(size);
+    }
+};
+
+/// The providers over one array, which is there before they look at it.
+struct Service : LargeArray {
+    Service() {
         CIMOMHandle handle(&server.broker());
         servicePath =
             handle.enumerateInstanceNames(requestOf("admin"), CIMNamespaceName("root/qrv"),
