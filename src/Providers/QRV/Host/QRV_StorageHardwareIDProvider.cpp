@@ -127,14 +127,11 @@ std::optional<CIMInstance> tryMakeInstance(const String& nodeAddress, CIMClass& 
 
 /// The text that tells one hardware ID from another, if the record is one that is looked for.
 /// `wanted` is a WWN or an iSCSI name in any case, or empty for all.
-std::optional<String> keyText(const String& nodeAddress, const api_HostPath_t& path,
-                              const String& wanted) {
+std::optional<String> keyText(const api_HostPath_t& path, const String& wanted) {
     try {
         const auto initiator = identify(path);
         if (initiator && (wanted.size() == 0 || String::equalNoCase(initiator->storageID, wanted)))
-            return QRV_StorageHardwareIDProvider::buildInstanceName(nodeAddress,
-                                                                    initiator->instanceID)
-                .toString();
+            return initiator->instanceID;
     } catch (...) {
     }
     return std::nullopt;
@@ -311,7 +308,7 @@ void QRV_StorageHardwareIDProvider::_chooseOnce(Selection& selection, const Stri
     }
     StringTableScan scan(_stringHashTable);
     for (const api_hardwareID_t& record : selection.records()) {
-        const auto key = keyText(_nodeAddress, record.pathInfo, wanted);
+        const auto key = keyText(record.pathInfo, wanted);
         if (key && scan.isNew(key->getCString())) selection.choose(record);
     }
 }
