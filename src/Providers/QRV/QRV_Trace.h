@@ -11,19 +11,34 @@ namespace Pegasus {
 class OperationTrace {
   public:
     /// `name` is the qualified name of the function and outlives the trace.
-    explicit OperationTrace(const char* name)
-        : _name(name), _exceptionsOnEntry(std::uncaught_exceptions()) {
-        log_message(4, "-->%s\n", _name);
-    }
+    explicit OperationTrace(const char* name) : OperationTrace("", "", name) {}
+
+    /// The same for an operation of a class.
+    OperationTrace(const char* className, const char* operation)
+        : OperationTrace(className, "::", operation) {}
 
     ~OperationTrace() {
-        if (std::uncaught_exceptions() == _exceptionsOnEntry) log_message(4, "<--%s\n", _name);
+        if (std::uncaught_exceptions() == _exceptionsOnEntry) log("<--");
     }
 
     OperationTrace(const OperationTrace&) = delete;
     OperationTrace& operator=(const OperationTrace&) = delete;
 
   private:
+    OperationTrace(const char* className, const char* separator, const char* name)
+        : _className(className),
+          _separator(separator),
+          _name(name),
+          _exceptionsOnEntry(std::uncaught_exceptions()) {
+        log("-->");
+    }
+
+    void log(const char* arrow) const {
+        log_message(4, "%s%s%s%s\n", arrow, _className, _separator, _name);
+    }
+
+    const char* _className;
+    const char* _separator;
     const char* _name;
     int _exceptionsOnEntry;
 };

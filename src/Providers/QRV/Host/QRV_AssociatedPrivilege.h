@@ -4,8 +4,7 @@
 // Two classes are of this shape, one for each transport.
 #pragma once
 
-#include "../QRV_AssociationFrame.h"
-#include "../QRV_StoredClass.h"
+#include "../QRV_AssociationProvider.h"
 #include "../QRV_StringTable.h"
 #include "QRV_Controllers.h"
 
@@ -33,34 +32,79 @@ class AssociatedPrivilege {
           _systemAddress(systemAddress),
           _table(table) {}
 
-    void associators(const OperationContext& context, const AssociationRequest& request,
-                     const InstanceShape& shape, ObjectResponseHandler& handler);
-    void associatorNames(const OperationContext& context, const AssociationRequest& request,
-                         ObjectPathResponseHandler& handler);
-    void references(const OperationContext& context, const AssociationRequest& request,
-                    const InstanceShape& shape, ObjectResponseHandler& handler);
-    void referenceNames(const OperationContext& context, const AssociationRequest& request,
-                        ObjectPathResponseHandler& handler);
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     const InstanceShape& shape, InstanceResponseHandler& handler);
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const InstanceShape& shape, InstanceResponseHandler& handler);
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler);
-
-  private:
-    void answer(const OperationContext& context, const AssociationRequest& request,
-                const InstanceShape& shape, cim_method_e method, cim_handler_u handler);
+    /// Delivers what an operation of this kind asks for as it is found: what is related to
+    /// `objectName`, or all associations when it has no class.
     void walk(const OperationContext& context, const CIMObjectPath& objectName,
               const InstanceShape& shape, cim_method_e method, cim_handler_u handler);
 
+    /// Delivers the association that a path names.
+    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
+                     const InstanceShape& shape, InstanceResponseHandler& handler);
+
+  private:
     const AssociatedPrivilegeKind& _kind;
     CIMOMHandle& _cimom;
     String& _systemName;
     String& _systemAddress;
     hashtable_t* _table;
+};
+
+cim_handler_u handlerOf(ObjectResponseHandler& handler);
+cim_handler_u handlerOf(ObjectPathResponseHandler& handler);
+cim_handler_u handlerOf(InstanceResponseHandler& handler);
+
+/// A provider of such a class, which has a `_kind()` and its `_privileges()` over its members. No
+/// answer is ever collected.
+template <class Provider>
+class AssociatedPrivilegeProvider : public AssociationProvider<Provider> {
+  protected:
+    static constexpr int REFUSAL_LEVEL = 3;
+    static constexpr int MISSING_SOURCE_LEVEL = 4;
+
+    static const ProviderFrame& _frame() { return Provider::_kind().frame; }
+    static const AssociationRules& _rules() { return Provider::_kind().rules; }
+
+    void _associators(const OperationContext& context, const AssociationRequest& request,
+                      const InstanceShape& shape, ObjectResponseHandler& handler) {
+        _walk(context, request.objectName, shape, QRVCIM_ASSOCIATORS, handler);
+    }
+
+    void _associatorNames(const OperationContext& context, const AssociationRequest& request,
+                          ObjectPathResponseHandler& handler) {
+        _walk(context, request.objectName, {}, QRVCIM_ASSOCIATORNAMES, handler);
+    }
+
+    void _references(const OperationContext& context, const AssociationRequest& request,
+                     const InstanceShape& shape, ObjectResponseHandler& handler) {
+        _walk(context, request.objectName, shape, QRVCIM_REFERENCES, handler);
+    }
+
+    void _referenceNames(const OperationContext& context, const AssociationRequest& request,
+                         ObjectPathResponseHandler& handler) {
+        _walk(context, request.objectName, {}, QRVCIM_REFERENCENAMES, handler);
+    }
+
+    void _getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
+                      const InstanceShape& shape, InstanceResponseHandler& handler) {
+        this->_self()._privileges().getInstance(context, instanceName, shape, handler);
+    }
+
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler) {
+        _walk(context, CIMObjectPath(), shape, QRVCIM_ENUMERATEINSTANCES, handler);
+    }
+
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler) {
+        _walk(context, CIMObjectPath(), {}, QRVCIM_ENUMERATEINSTANCENAMES, handler);
+    }
+
+  private:
+    template <class Handler>
+    void _walk(const OperationContext& context, const CIMObjectPath& objectName,
+               const InstanceShape& shape, cim_method_e method, Handler& handler) {
+        this->_self()._privileges().walk(context, objectName, shape, method, handlerOf(handler));
+    }
 };
 
 }  // namespace Pegasus

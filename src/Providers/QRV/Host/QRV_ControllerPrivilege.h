@@ -3,8 +3,7 @@
 // Two classes are of this shape, one for each transport.
 #pragma once
 
-#include "../QRV_AssociationFrame.h"
-#include "../QRV_StoredClass.h"
+#include "../QRV_AssociationProvider.h"
 #include "../QRV_StringTable.h"
 #include "QRV_Controllers.h"
 
@@ -34,10 +33,6 @@ class ControllerPrivilege {
           _systemAddress(systemAddress),
           _table(table) {}
 
-    /// Whether the request is a valid one about an object that exists. When it isn't, the operation
-    /// ends without touching its handler.
-    bool accepts(const OperationContext& context, const AssociationRequest& request);
-
     /// What is related to an object, and the associations that link it: all of them when
     /// `objectName` has no class.
     Array<CIMInstance> related(const CIMObjectPath& objectName, const OperationContext& context,
@@ -45,22 +40,47 @@ class ControllerPrivilege {
     Array<CIMInstance> associations(const CIMObjectPath& objectName,
                                     const OperationContext& context, const InstanceShape& shape);
 
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     const InstanceShape& shape, InstanceResponseHandler& handler);
-
-    /// Nothing at all when there is no association.
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const InstanceShape& shape, InstanceResponseHandler& handler);
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler);
-
   private:
     const ControllerPrivilegeKind& _kind;
     CIMOMHandle& _cimom;
     String& _systemName;
     String& _systemAddress;
     hashtable_t* _table;
+};
+
+/// A provider of such a class, which has a `_kind()` and its `_privileges()` over its members.
+template <class Provider>
+class ControllerPrivilegeProvider : public AssociationProvider<Provider> {
+  protected:
+    static constexpr int REFUSAL_LEVEL = 3;
+    static constexpr int MISSING_SOURCE_LEVEL = 4;
+
+    static const ProviderFrame& _frame() { return Provider::_kind().frame; }
+    static const AssociationRules& _rules() { return Provider::_kind().rules; }
+
+    Array<CIMInstance> _getRelatedInstances(const CIMObjectPath& objectName,
+                                            const OperationContext& context,
+                                            const InstanceShape& shape) {
+        return this->_self()._privileges().related(objectName, context, shape);
+    }
+
+    Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectName,
+                                                  const OperationContext& context,
+                                                  const InstanceShape& shape) {
+        return this->_self()._privileges().associations(objectName, context, shape);
+    }
+
+    Array<CIMInstance> _buildAllAssociationInstances(const OperationContext& context,
+                                                     const InstanceShape& shape) {
+        return _buildAssociationInstances(CIMObjectPath(), context, shape);
+    }
+
+    /// Nothing at all when there is no association.
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler) {
+        const Array<CIMInstance> found = _buildAllAssociationInstances(context, shape);
+        if (found.size() > 0) deliverInstances(found, handler);
+    }
 };
 
 }  // namespace Pegasus

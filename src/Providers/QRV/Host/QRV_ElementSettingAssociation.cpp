@@ -56,8 +56,9 @@ void completeEmpty(InstanceResponseHandler& handler) {
 }  // namespace
 
 CIMClass ElementSettingAssociation::associationClass(const CIMPropertyList& propertyList) const {
-    return storedClass(_request.cimom, _kind.frame.qrvClass,
-                       {_request.includeQualifiers, _request.includeClassOrigin, propertyList});
+    return storedClass(
+        _request.cimom, _kind.frame.qrvClass,
+        {_request.shape.includeQualifiers, _request.shape.includeClassOrigin, propertyList});
 }
 
 CIMInstance ElementSettingAssociation::build(CIMClass& cimClass, const CIMObjectPath& element,
@@ -74,7 +75,7 @@ CIMInstance ElementSettingAssociation::build(CIMClass& cimClass, const CIMObject
 
 Array<CIMInstance> ElementSettingAssociation::associations(const CIMObjectPath& objectPath) const {
     const CIMName& source = objectPath.getClassName();
-    CIMClass cimClass = associationClass(_request.propertyList);
+    CIMClass cimClass = associationClass(_request.shape.propertyList);
     if (source.equal(_kind.frame.qrvClass)) return associationNamed(objectPath, cimClass);
 
     const Array<CIMObjectPath> related = relatedNames(objectPath);
@@ -107,8 +108,7 @@ Array<CIMInstance> ElementSettingAssociation::relatedInstances(
 
 Array<CIMObjectPath> ElementSettingAssociation::relatedNames(
     const CIMObjectPath& objectPath) const {
-    const SettingRequest names{_request.cimom, _request.systemAddress, _request.context, false,
-                               false,          CIMPropertyList()};
+    const SettingRequest names{_request.cimom, _request.systemAddress, _request.context, {}};
     return pathsOf(ElementSettingAssociation(_kind, names).relatedInstances(objectPath));
 }
 
@@ -119,8 +119,8 @@ Array<CIMInstance> ElementSettingAssociation::settingOf(const CIMObjectPath& ele
     const CIMObjectPath path = QRV_StorageClientSettingDataProvider::buildObjectPath(
         _request.systemAddress, QRV_StorageClientSettingDataProvider::makeUniqueID(*persona));
     const CIMInstance setting =
-        tryGetInstance(_request.cimom, _request.context, path, _request.includeQualifiers,
-                       _request.includeClassOrigin, _request.propertyList);
+        tryGetInstance(_request.cimom, _request.context, path, _request.shape.includeQualifiers,
+                       _request.shape.includeClassOrigin, _request.shape.propertyList);
     if (!setting.isUninitialized()) settings.append(setting);
     return settings;
 }
@@ -144,33 +144,9 @@ std::vector<ElementSettingAssociation::Link> ElementSettingAssociation::allLinks
 
 void ElementSettingAssociation::getInstance(const CIMObjectPath& instanceName,
                                             InstanceResponseHandler& handler) const {
-    openArray(_kind.frame, _request.context);
-    checkClass(_kind.frame, instanceName.getClassName());
-    checkKeyCount(_kind.frame, instanceName);
     const Array<CIMInstance> found = matching(instanceName, associations(instanceName));
     if (_kind.completesWithoutResult && found.size() == 0) completeEmpty(handler);
     deliverFound(_kind.frame, found, handler);
-}
-
-template <class Handler, class Deliver>
-void ElementSettingAssociation::enumerate(Handler& handler, Deliver deliver) const {
-    CIMClass cimClass = associationClass(CIMPropertyList());
-    const std::vector<Link> links = allLinks();
-    handler.processing();
-    for (const Link& link : links) deliver(build(cimClass, link.element, link.setting));
-    handler.complete();
-}
-
-void ElementSettingAssociation::enumerateInstances(const CIMObjectPath& classReference,
-                                                   InstanceResponseHandler& handler) const {
-    beginEnumeration(_kind.frame, _request.context, classReference);
-    enumerate(handler, [&](const CIMInstance& instance) { handler.deliver(instance); });
-}
-
-void ElementSettingAssociation::enumerateInstanceNames(const CIMObjectPath& classReference,
-                                                       ObjectPathResponseHandler& handler) const {
-    beginEnumeration(_kind.frame, _request.context, classReference);
-    enumerate(handler, [&](const CIMInstance& instance) { handler.deliver(instance.getPath()); });
 }
 
 Array<CIMInstance> allInstances(const SettingRequest& request, const CIMName& className) {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "../QRV_ArrayRecords.h"
-#include "../QRV_AssociationFrame.h"
+#include "../QRV_AssociationProvider.h"
 
 namespace Pegasus {
 
@@ -19,9 +19,7 @@ struct SettingRequest {
     CIMOMHandle& cimom;
     const String& systemAddress;
     const OperationContext& context;
-    Boolean includeQualifiers;
-    Boolean includeClassOrigin;
-    CIMPropertyList propertyList;
+    InstanceShape shape;
 };
 
 /// The number of an element's persona; nothing when it can't be told.
@@ -65,11 +63,15 @@ class ElementSettingAssociation {
 
     void getInstance(const CIMObjectPath& instanceName, InstanceResponseHandler& handler) const;
 
-    /// The enumerations. Associations have all their properties, whatever list the request has.
-    void enumerateInstances(const CIMObjectPath& classReference,
-                            InstanceResponseHandler& handler) const;
-    void enumerateInstanceNames(const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) const;
+    /// Calls `take` with each association, with all its properties, whatever list the request has.
+    /// `begin` is called before the first and may not be before the array has answered.
+    template <class Begin, class Take>
+    void forEachAssociation(Begin begin, Take take) const {
+        CIMClass cimClass = associationClass(CIMPropertyList());
+        const std::vector<Link> links = allLinks();
+        begin();
+        for (const Link& link : links) take(build(cimClass, link.element, link.setting));
+    }
 
   private:
     struct Link {
@@ -83,8 +85,6 @@ class ElementSettingAssociation {
     Array<CIMInstance> associationNamed(const CIMObjectPath& path, CIMClass& cimClass) const;
     Array<CIMInstance> settingOf(const CIMObjectPath& element) const;
     std::vector<Link> allLinks() const;
-    template <class Handler, class Deliver>
-    void enumerate(Handler& handler, Deliver deliver) const;
 
     const ElementSettingKind& _kind;
     const SettingRequest _request;
@@ -102,5 +102,52 @@ bool readHosts(HostList& hosts, const char* hostName, qrv_u64 wwn, const char* i
 
 /// The persona of the first of these hosts.
 Persona personaOfFirstHost(const char* hostName, qrv_u64 wwn, const char* iscsiName);
+
+/// A provider of such a class, which has a `_kind()` and its `_association()` over its members.
+template <class Provider>
+class ElementSettingProvider : public AssociationProvider<Provider> {
+  protected:
+    static const ProviderFrame& _frame() { return Provider::_kind().frame; }
+    static const AssociationRules& _rules() { return Provider::_kind().rules; }
+
+    Array<CIMInstance> _getRelatedInstances(const CIMObjectPath& objectPath,
+                                            const OperationContext& context,
+                                            const InstanceShape& shape) {
+        return this->_self()._association(context, shape).relatedInstances(objectPath);
+    }
+
+    Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectPath,
+                                                  const OperationContext& context,
+                                                  const InstanceShape& shape) {
+        return this->_self()._association(context, shape).associations(objectPath);
+    }
+
+    void _getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
+                      const InstanceShape& shape, InstanceResponseHandler& handler) {
+        this->_self()._association(context, shape).getInstance(instanceName, handler);
+    }
+
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler) {
+        _enumerate(context, shape, handler,
+                   [&](const CIMInstance& instance) { handler.deliver(instance); });
+    }
+
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler) {
+        _enumerate(context, {}, handler,
+                   [&](const CIMInstance& instance) { handler.deliver(instance.getPath()); });
+    }
+
+  private:
+    template <class Handler, class Deliver>
+    void _enumerate(const OperationContext& context, const InstanceShape& shape, Handler& handler,
+                    Deliver deliver) {
+        this->_self()
+            ._association(context, shape)
+            .forEachAssociation([&] { handler.processing(); }, deliver);
+        handler.complete();
+    }
+};
 
 }  // namespace Pegasus

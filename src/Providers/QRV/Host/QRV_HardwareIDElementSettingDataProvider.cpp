@@ -38,9 +38,7 @@ Array<CIMInstance> hardwareIDsOf(const SettingRequest& request, Uint32 persona) 
                     "api_getHosts failed.\n");
         return hardwareIDs;
     }
-    CIMClass hardwareIDClass =
-        storedClass(request.cimom, HARDWARE_ID,
-                    {request.includeQualifiers, request.includeClassOrigin, request.propertyList});
+    CIMClass hardwareIDClass = storedClass(request.cimom, HARDWARE_ID, request.shape);
     for (unsigned int i = 0; i < hosts->count; ++i) {
         const api_Host_t& host = hosts->hosts[i];
         if (host.name[0] != '\0' && host.host_persona == persona)
@@ -93,8 +91,6 @@ const ElementSettingKind KIND{
     hardwareIDsOf,
     personasOfAll};
 
-constexpr int REFUSAL_LEVEL = 2;
-
 }  // namespace
 
 QRV_HardwareIDElementSettingDataProvider::QRV_HardwareIDElementSettingDataProvider() = default;
@@ -106,135 +102,13 @@ void QRV_HardwareIDElementSettingDataProvider::initialize(CIMOMHandle& cimom) {
     _systemAddress = QRV_Common::getSystemHostName(cimom);
 }
 
-void QRV_HardwareIDElementSettingDataProvider::terminate() {
-    delete this;
+const ElementSettingKind& QRV_HardwareIDElementSettingDataProvider::_kind() {
+    return KIND;
 }
 
 ElementSettingAssociation QRV_HardwareIDElementSettingDataProvider::_association(
-    const OperationContext& context, Boolean includeQualifiers, Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList) {
-    return ElementSettingAssociation(KIND, {_cimom, _systemAddress, context, includeQualifiers,
-                                            includeClassOrigin, propertyList});
-}
-
-void QRV_HardwareIDElementSettingDataProvider::associators(
-    const OperationContext& context, const CIMObjectPath& objectPath,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::associators()");
-    const AssociationRequest request{"associators", objectPath, associationClass,
-                                     resultClass,   role,       resultRole};
-    if (!beginAssociation(KIND.frame, KIND.rules, REFUSAL_LEVEL, context, request)) return;
-    deliverObjects(_getRelatedInstances(objectPath, context, includeQualifiers, includeClassOrigin,
-                                        propertyList),
-                   handler);
-}
-
-void QRV_HardwareIDElementSettingDataProvider::associatorNames(
-    const OperationContext& context, const CIMObjectPath& objectPath,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::associatorNames()");
-    const AssociationRequest request{"associatorNames", objectPath, associationClass,
-                                     resultClass,       role,       resultRole};
-    if (!beginAssociation(KIND.frame, KIND.rules, REFUSAL_LEVEL, context, request)) return;
-    deliverPaths(_getRelatedInstanceNames(objectPath, context), handler);
-}
-
-void QRV_HardwareIDElementSettingDataProvider::references(
-    const OperationContext& context, const CIMObjectPath& objectPath, const CIMName& resultClass,
-    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::references()");
-    const AssociationRequest request{"references", objectPath, CIMName(),
-                                     resultClass,  role,       String::EMPTY};
-    if (!beginAssociation(KIND.frame, KIND.rules, REFUSAL_LEVEL, context, request)) return;
-    deliverObjects(_buildAssociationInstances(objectPath, context, includeQualifiers,
-                                              includeClassOrigin, propertyList),
-                   handler);
-}
-
-void QRV_HardwareIDElementSettingDataProvider::referenceNames(const OperationContext& context,
-                                                              const CIMObjectPath& objectPath,
-                                                              const CIMName& resultClass,
-                                                              const String& role,
-                                                              ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::referenceNames()");
-    const AssociationRequest request{"referenceNames", objectPath, CIMName(),
-                                     resultClass,      role,       String::EMPTY};
-    if (!beginAssociation(KIND.frame, KIND.rules, REFUSAL_LEVEL, context, request)) return;
-    deliverPaths(_buildAssociationInstances(objectPath, context, false, false, CIMPropertyList()),
-                 handler);
-}
-
-void QRV_HardwareIDElementSettingDataProvider::getInstance(const OperationContext& context,
-                                                           const CIMObjectPath& instanceName,
-                                                           const Boolean includeQualifiers,
-                                                           const Boolean includeClassOrigin,
-                                                           const CIMPropertyList& propertyList,
-                                                           InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::getInstance()");
-    _association(context, includeQualifiers, includeClassOrigin, propertyList)
-        .getInstance(instanceName, handler);
-}
-
-void QRV_HardwareIDElementSettingDataProvider::enumerateInstances(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_HardwareIDElementSettingDataProvider::enumerateInstances()");
-    _association(context, includeQualifiers, includeClassOrigin, propertyList)
-        .enumerateInstances(classReference, handler);
-}
-
-void QRV_HardwareIDElementSettingDataProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_HardwareIDElementSettingDataProvider::enumerateInstanceNames()");
-    _association(context, false, false, CIMPropertyList())
-        .enumerateInstanceNames(classReference, handler);
-}
-
-void QRV_HardwareIDElementSettingDataProvider::modifyInstance(const OperationContext&,
-                                                              const CIMObjectPath&,
-                                                              const CIMInstance&, const Boolean,
-                                                              const CIMPropertyList&,
-                                                              ResponseHandler&) {
-    refuse(KIND.frame, "modifyInstance");
-}
-
-void QRV_HardwareIDElementSettingDataProvider::createInstance(const OperationContext&,
-                                                              const CIMObjectPath&,
-                                                              const CIMInstance&,
-                                                              ObjectPathResponseHandler&) {
-    refuse(KIND.frame, "createInstance");
-}
-
-void QRV_HardwareIDElementSettingDataProvider::deleteInstance(const OperationContext&,
-                                                              const CIMObjectPath&,
-                                                              ResponseHandler&) {
-    refuse(KIND.frame, "deleteInstance");
-}
-
-Array<CIMInstance> QRV_HardwareIDElementSettingDataProvider::_buildAssociationInstances(
-    const CIMObjectPath& objectPath, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    return _association(context, includeQualifiers, includeClassOrigin, propertyList)
-        .associations(objectPath);
-}
-
-Array<CIMInstance> QRV_HardwareIDElementSettingDataProvider::_getRelatedInstances(
-    const CIMObjectPath& objectPath, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    return _association(context, includeQualifiers, includeClassOrigin, propertyList)
-        .relatedInstances(objectPath);
-}
-
-Array<CIMObjectPath> QRV_HardwareIDElementSettingDataProvider::_getRelatedInstanceNames(
-    const CIMObjectPath& objectPath, const OperationContext& context) {
-    return _association(context, false, false, CIMPropertyList()).relatedNames(objectPath);
+    const OperationContext& context, const InstanceShape& shape) {
+    return ElementSettingAssociation(KIND, {_cimom, _systemAddress, context, shape});
 }
 
 }  // namespace Pegasus

@@ -1,19 +1,11 @@
 #include "QRV_HostedAssociation.h"
 
-#include <Pegasus/Provider/ProviderException.h>
-
-#include "../QRV_PathMatcher.h"
-#include "../QRV_StoredClass.h"
-
 namespace Pegasus {
 
 Array<CIMInstance> HostedAssociation::associations(const CIMObjectPath& objectName,
                                                    const OperationContext& context,
-                                                   Boolean includeQualifiers,
-                                                   Boolean includeClassOrigin,
-                                                   const CIMPropertyList& propertyList) {
-    CIMClass cimClass = storedClass(_cimom, _associationClass,
-                                    {includeQualifiers, includeClassOrigin, propertyList});
+                                                   const InstanceShape& shape) {
+    CIMClass cimClass = storedClass(_cimom, _associationClass, shape);
     if (objectName.getClassName().isNull()) return allAssociations(cimClass, context);
 
     const bool fromSystem = objectName.getClassName().equal(_systemClass);
@@ -52,16 +44,15 @@ CIMName HostedAssociation::farClass(const CIMObjectPath& objectName) const {
 
 Array<CIMInstance> HostedAssociation::relatedInstances(const CIMObjectPath& objectName,
                                                        const OperationContext& context,
-                                                       Boolean includeQualifiers,
-                                                       Boolean includeClassOrigin,
-                                                       const CIMPropertyList& propertyList) {
+                                                       const InstanceShape& shape) {
     const CIMName related = farClass(objectName);
     if (!sourceExists(_cimom, context, objectName, _kind.missingSourceLevel,
                       _kind.missingSourceOfInstances) ||
         related.isNull())
         return Array<CIMInstance>();
     return _cimom.enumerateInstances(context, QRV_NAMESPACE, related, false, false,
-                                     includeQualifiers, includeClassOrigin, propertyList);
+                                     shape.includeQualifiers, shape.includeClassOrigin,
+                                     shape.propertyList);
 }
 
 Array<CIMObjectPath> HostedAssociation::relatedNames(const CIMObjectPath& objectName,
@@ -72,43 +63,6 @@ Array<CIMObjectPath> HostedAssociation::relatedNames(const CIMObjectPath& object
         related.isNull())
         return Array<CIMObjectPath>();
     return _cimom.enumerateInstanceNames(context, QRV_NAMESPACE, related);
-}
-
-void HostedAssociation::getInstance(const OperationContext& context,
-                                    const CIMObjectPath& instanceName, Boolean includeQualifiers,
-                                    Boolean includeClassOrigin, const CIMPropertyList& propertyList,
-                                    InstanceResponseHandler& handler) {
-    openArray(_kind.frame, context);
-    checkKeyCount(_kind.frame, instanceName);
-    deliverFound(_kind.frame,
-                 matching(instanceName, associations(CIMObjectPath(), context, includeQualifiers,
-                                                     includeClassOrigin, propertyList)),
-                 handler);
-}
-
-bool HostedAssociation::isOwnClass(const OperationContext& context,
-                                   const CIMObjectPath& classReference) {
-    traceClassName(classReference.getClassName());
-    openArray(_kind.frame, context);
-    return classReference.getClassName().equal(_associationClass);
-}
-
-void HostedAssociation::enumerateInstances(const OperationContext& context,
-                                           const CIMObjectPath& classReference,
-                                           Boolean includeQualifiers, Boolean includeClassOrigin,
-                                           const CIMPropertyList& propertyList,
-                                           InstanceResponseHandler& handler) {
-    if (!isOwnClass(context, classReference)) return;
-    deliverInstances(
-        associations(CIMObjectPath(), context, includeQualifiers, includeClassOrigin, propertyList),
-        handler);
-}
-
-void HostedAssociation::enumerateInstanceNames(const OperationContext& context,
-                                               const CIMObjectPath& classReference,
-                                               ObjectPathResponseHandler& handler) {
-    if (!isOwnClass(context, classReference)) return;
-    deliverPaths(associations(CIMObjectPath(), context, false, false, CIMPropertyList()), handler);
 }
 
 }  // namespace Pegasus

@@ -6,7 +6,7 @@
 
 #include <Pegasus/Provider/CIMOMHandle.h>
 
-#include "../QRV_AssociationFrame.h"
+#include "../QRV_AssociationProvider.h"
 
 namespace Pegasus {
 
@@ -41,35 +41,17 @@ class HostedAssociation {
 
     /// The associations of one object, or all of them when `objectName` has no class.
     Array<CIMInstance> associations(const CIMObjectPath& objectName,
-                                    const OperationContext& context, Boolean includeQualifiers,
-                                    Boolean includeClassOrigin,
-                                    const CIMPropertyList& propertyList);
+                                    const OperationContext& context, const InstanceShape& shape);
 
     /// Everything at the far side of an object that exists: all elements from the system, the
     /// system from an element.
     Array<CIMInstance> relatedInstances(const CIMObjectPath& objectName,
-                                        const OperationContext& context, Boolean includeQualifiers,
-                                        Boolean includeClassOrigin,
-                                        const CIMPropertyList& propertyList);
+                                        const OperationContext& context,
+                                        const InstanceShape& shape);
     Array<CIMObjectPath> relatedNames(const CIMObjectPath& objectName,
                                       const OperationContext& context);
 
-    /// getInstance, with no look at the path's class.
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     Boolean includeQualifiers, Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList, InstanceResponseHandler& handler);
-
-    /// The enumerations. A request for another class than the association's own does nothing at
-    /// all.
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            Boolean includeQualifiers, Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList, InstanceResponseHandler& handler);
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler);
-
   private:
-    bool isOwnClass(const OperationContext& context, const CIMObjectPath& classReference);
     CIMName farClass(const CIMObjectPath& objectName) const;
     CIMInstance build(CIMClass& cimClass, const CIMObjectPath& system,
                       const CIMObjectPath& element) const;
@@ -82,6 +64,54 @@ class HostedAssociation {
     const CIMName& _elementClass;
     const CIMObjectPath& _systemPath;
     const String& _systemAddress;
+};
+
+/// A provider of such a class, which has a `_kind()` and an `_association()` over its members.
+template <class Provider>
+class HostedAssociationProvider : public AssociationProvider<Provider> {
+  protected:
+    static const ProviderFrame& _frame() { return Provider::_kind().frame; }
+    static const AssociationRules& _rules() { return Provider::_kind().rules; }
+
+    Array<CIMInstance> _getRelatedInstances(const CIMObjectPath& objectName,
+                                            const OperationContext& context,
+                                            const InstanceShape& shape) {
+        return this->_self()._association().relatedInstances(objectName, context, shape);
+    }
+
+    Array<CIMObjectPath> _getRelatedInstanceNames(const CIMObjectPath& objectName,
+                                                  const OperationContext& context) {
+        return this->_self()._association().relatedNames(objectName, context);
+    }
+
+    Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectName,
+                                                  const OperationContext& context,
+                                                  const InstanceShape& shape) {
+        return this->_self()._association().associations(objectName, context, shape);
+    }
+
+    Array<CIMInstance> _buildAllAssociationInstances(const OperationContext& context,
+                                                     const InstanceShape& shape) {
+        return _buildAssociationInstances(CIMObjectPath(), context, shape);
+    }
+
+    /// The path's class isn't looked at: another's path matches nothing.
+    void _checkPath(const CIMObjectPath& instanceName) { checkKeyCount(_frame(), instanceName); }
+
+    void _getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
+                      const InstanceShape& shape, InstanceResponseHandler& handler) {
+        deliverFound(_frame(),
+                     matching(instanceName, _buildAllAssociationInstances(context, shape)),
+                     handler);
+    }
+
+    /// A request for another class than the association's own does nothing at all.
+    bool _beginEnumeration(const OperationContext& context, const CIMObjectPath& classReference,
+                           const char*) {
+        traceClassName(classReference.getClassName());
+        openArray(_frame(), context);
+        return classReference.getClassName().equal(_frame().qrvClass);
+    }
 };
 
 }  // namespace Pegasus

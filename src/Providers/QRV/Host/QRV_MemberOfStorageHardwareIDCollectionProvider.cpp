@@ -1,11 +1,6 @@
 #include "QRV_MemberOfStorageHardwareIDCollectionProvider.h"
 
-#include <Pegasus/Provider/ProviderException.h>
-
-#include "../QRV_AssociationFrame.h"
 #include "../QRV_InstanceID.h"
-#include "../QRV_PathMatcher.h"
-#include "../QRV_StoredClass.h"
 #include "QRV_StorageHardwareIDCollectionProvider.h"
 
 namespace Pegasus {
@@ -28,8 +23,6 @@ const AssociationRules RULES{
      "QRV_StorageHardwareIDCollection", "CIM_SystemSpecificCollection"},
     true,
     {}};
-
-constexpr int REFUSAL_LEVEL = 2;
 
 const CIMName ASSOCIATION("QRV_MemberOfStorageHardwareIDCollection");
 const CIMName HARDWARE_ID("QRV_StorageHardwareID");
@@ -70,6 +63,14 @@ QRV_MemberOfStorageHardwareIDCollectionProvider::QRV_MemberOfStorageHardwareIDCo
 QRV_MemberOfStorageHardwareIDCollectionProvider::
     ~QRV_MemberOfStorageHardwareIDCollectionProvider() = default;
 
+const ProviderFrame& QRV_MemberOfStorageHardwareIDCollectionProvider::_frame() {
+    return FRAME;
+}
+
+const AssociationRules& QRV_MemberOfStorageHardwareIDCollectionProvider::_rules() {
+    return RULES;
+}
+
 void QRV_MemberOfStorageHardwareIDCollectionProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace(
         "QRV_MemberOfStorageHardwareIDCollectionProvider::initialize(cimom)");
@@ -77,68 +78,11 @@ void QRV_MemberOfStorageHardwareIDCollectionProvider::initialize(CIMOMHandle& ci
     _nodeAddress = QRV_Common::getSystemHostName(cimom);
 }
 
-void QRV_MemberOfStorageHardwareIDCollectionProvider::terminate() {
-    delete this;
-}
-
-void QRV_MemberOfStorageHardwareIDCollectionProvider::associators(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_MemberOfStorageHardwareIDCollectionProvider::associators()");
-    const AssociationRequest request{"associators", objectName, associationClass,
-                                     resultClass,   role,       resultRole};
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request)) return;
-    deliverObjects(_getRelatedInstances(objectName, context, includeQualifiers, includeClassOrigin,
-                                        propertyList),
-                   handler);
-}
-
-void QRV_MemberOfStorageHardwareIDCollectionProvider::associatorNames(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_MemberOfStorageHardwareIDCollectionProvider::associatorNames()");
-    const AssociationRequest request{"associatorNames", objectName, associationClass,
-                                     resultClass,       role,       resultRole};
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request)) return;
-    deliverPaths(_getRelatedInstanceNames(objectName, context), handler);
-}
-
-void QRV_MemberOfStorageHardwareIDCollectionProvider::references(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_MemberOfStorageHardwareIDCollectionProvider::references()");
-    const AssociationRequest request{"references", objectName, CIMName(),
-                                     resultClass,  role,       String::EMPTY};
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request)) return;
-    deliverObjects(_buildAssociationInstances(objectName, context, includeQualifiers,
-                                              includeClassOrigin, propertyList),
-                   handler);
-}
-
-void QRV_MemberOfStorageHardwareIDCollectionProvider::referenceNames(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_MemberOfStorageHardwareIDCollectionProvider::referenceNames()");
-    const AssociationRequest request{"referenceNames", objectName, CIMName(),
-                                     resultClass,      role,       String::EMPTY};
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request)) return;
-    deliverPaths(_buildAssociationInstances(objectName, context, false, false, CIMPropertyList()),
-                 handler);
-}
-
-void QRV_MemberOfStorageHardwareIDCollectionProvider::getInstance(
-    const OperationContext& context, const CIMObjectPath& instanceName, const Boolean,
-    const Boolean, const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_MemberOfStorageHardwareIDCollectionProvider::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceName.getClassName());
-    checkKeyCount(FRAME, instanceName);
-    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, {false, false, propertyList});
+/// The class of all instances has neither qualifiers nor class origins, whatever the request says.
+void QRV_MemberOfStorageHardwareIDCollectionProvider::_getInstance(
+    const OperationContext& context, const CIMObjectPath& instanceName, const InstanceShape& shape,
+    InstanceResponseHandler& handler) {
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, {false, false, shape.propertyList});
     const PathMatcher wanted(instanceName);
     Array<CIMInstance> found;
     forEachMembership(_allHardwareIDs(context), _nodeAddress,
@@ -153,46 +97,18 @@ void QRV_MemberOfStorageHardwareIDCollectionProvider::getInstance(
     deliverFound(FRAME, found, handler);
 }
 
-void QRV_MemberOfStorageHardwareIDCollectionProvider::enumerateInstances(
-    const OperationContext& context, const CIMObjectPath& classReference, const Boolean,
-    const Boolean, const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_MemberOfStorageHardwareIDCollectionProvider::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
-    _enumerate(context, propertyList, handler,
+void QRV_MemberOfStorageHardwareIDCollectionProvider::_enumerateInstances(
+    const OperationContext& context, const InstanceShape& shape, InstanceResponseHandler& handler) {
+    _enumerate(context, shape.propertyList, handler,
                [&](const CIMInstance& instance) { handler.deliver(instance); });
 }
 
-void QRV_MemberOfStorageHardwareIDCollectionProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_MemberOfStorageHardwareIDCollectionProvider::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
-    _enumerate(context, CIMPropertyList(), handler,
+void QRV_MemberOfStorageHardwareIDCollectionProvider::_enumerateInstanceNames(
+    const OperationContext& context, ObjectPathResponseHandler& handler) {
+    _enumerate(context, InstanceShape().propertyList, handler,
                [&](const CIMInstance& instance) { handler.deliver(instance.getPath()); });
 }
 
-void QRV_MemberOfStorageHardwareIDCollectionProvider::modifyInstance(
-    const OperationContext&, const CIMObjectPath&, const CIMInstance&, const Boolean,
-    const CIMPropertyList&, ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_MemberOfStorageHardwareIDCollectionProvider::createInstance(const OperationContext&,
-                                                                     const CIMObjectPath&,
-                                                                     const CIMInstance&,
-                                                                     ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_MemberOfStorageHardwareIDCollectionProvider::deleteInstance(const OperationContext&,
-                                                                     const CIMObjectPath&,
-                                                                     ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
-}
-
-/// The class of all instances has neither qualifiers nor class origins, whatever the request says.
 template <class Handler, class Deliver>
 void QRV_MemberOfStorageHardwareIDCollectionProvider::_enumerate(
     const OperationContext& context, const CIMPropertyList& propertyList, Handler& handler,
@@ -216,11 +132,9 @@ CIMInstance QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssociation(
 
 /// The associations of one object: one for a hardware ID, one for each member of a collection.
 Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssociationInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
     const CIMName& className = objectName.getClassName();
-    CIMClass cimClass =
-        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
     Array<CIMInstance> associations;
     if (_cimom.enumerateInstanceNames(context, QRV_NAMESPACE, className).size() == 0)
         return associations;
@@ -234,41 +148,31 @@ Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssoci
 }
 
 Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_getRelatedInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
     if (objectName.getClassName().equal(HARDWARE_ID))
-        return _collectionOf(objectName, context, includeQualifiers, includeClassOrigin,
-                             propertyList);
-    if (objectName.getClassName().equal(COLLECTION))
-        return _membersOf(objectName, context, includeQualifiers, includeClassOrigin, propertyList);
+        return _collectionOf(objectName, context, shape);
+    if (objectName.getClassName().equal(COLLECTION)) return _membersOf(objectName, context, shape);
     return Array<CIMInstance>();
-}
-
-Array<CIMObjectPath> QRV_MemberOfStorageHardwareIDCollectionProvider::_getRelatedInstanceNames(
-    const CIMObjectPath& objectName, const OperationContext& context) {
-    return pathsOf(_getRelatedInstances(objectName, context, false, false, CIMPropertyList()));
 }
 
 /// The collection that a hardware ID belongs to, if both can be read.
 Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_collectionOf(
-    const CIMObjectPath& hardwareID, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const CIMObjectPath& hardwareID, const OperationContext& context, const InstanceShape& shape) {
     Array<CIMInstance> collections;
     const CIMInstance source =
         tryGetInstance(_cimom, context, hardwareID, false, false, CIMPropertyList());
     const String hostName = source.isUninitialized() ? String() : hostOf(source);
     if (hostName.size() == 0) return collections;
     const CIMInstance collection =
-        tryGetInstance(_cimom, context, collectionPath(_nodeAddress, hostName), includeQualifiers,
-                       includeClassOrigin, propertyList);
+        tryGetInstance(_cimom, context, collectionPath(_nodeAddress, hostName),
+                       shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList);
     if (!collection.isUninitialized()) collections.append(collection);
     return collections;
 }
 
 /// The hardware IDs whose host is the one that the collection's InstanceID names.
 Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_membersOf(
-    const CIMObjectPath& collection, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const CIMObjectPath& collection, const OperationContext& context, const InstanceShape& shape) {
     Array<CIMInstance> members;
     const String hostName =
         textBehindColon(QRV_Common::getStringProperty(collection, "InstanceID"));
@@ -277,7 +181,8 @@ Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_membersOf(
     for (Uint32 i = 0; i < hardwareIDs.size(); ++i) {
         CIMInstance hardwareID = hardwareIDs[i];
         if (QRV_Common::getStringProperty(hardwareID, "ElementName") != hostName) continue;
-        hardwareID.instanceFilter(includeQualifiers, includeClassOrigin, propertyList);
+        hardwareID.instanceFilter(shape.includeQualifiers, shape.includeClassOrigin,
+                                  shape.propertyList);
         members.append(hardwareID);
     }
     return members;

@@ -1,9 +1,7 @@
 // Links each host to its initiators.
 #pragma once
 
-#include <Pegasus/Provider/CIMAssociationProvider.h>
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
+#include "../QRV_AssociationProvider.h"
 
 namespace Pegasus {
 
@@ -11,77 +9,41 @@ namespace Pegasus {
 /// QRV_StorageHardwareIDCollection to the QRV_StorageHardwareIDs of the host. A hardware ID is a
 /// member when its ElementName is the name of the collection's host. All it knows comes from
 /// up-calls.
-class QRV_MemberOfStorageHardwareIDCollectionProvider : public CIMAssociationProvider,
-                                                        public CIMInstanceProvider {
+class QRV_MemberOfStorageHardwareIDCollectionProvider
+    : public AssociationProvider<QRV_MemberOfStorageHardwareIDCollectionProvider> {
   public:
     QRV_MemberOfStorageHardwareIDCollectionProvider();
     ~QRV_MemberOfStorageHardwareIDCollectionProvider() override;
 
     void initialize(CIMOMHandle& cimom) override;
 
-    /// Destroys the provider.
-    void terminate() override;
-
-    void associators(const OperationContext& context, const CIMObjectPath& objectName,
-                     const CIMName& associationClass, const CIMName& resultClass,
-                     const String& role, const String& resultRole, const Boolean includeQualifiers,
-                     const Boolean includeClassOrigin, const CIMPropertyList& propertyList,
-                     ObjectResponseHandler& handler) override;
-    void associatorNames(const OperationContext& context, const CIMObjectPath& objectName,
-                         const CIMName& associationClass, const CIMName& resultClass,
-                         const String& role, const String& resultRole,
-                         ObjectPathResponseHandler& handler) override;
-    void references(const OperationContext& context, const CIMObjectPath& objectName,
-                    const CIMName& resultClass, const String& role, const Boolean includeQualifiers,
-                    const Boolean includeClassOrigin, const CIMPropertyList& propertyList,
-                    ObjectResponseHandler& handler) override;
-    void referenceNames(const OperationContext& context, const CIMObjectPath& objectName,
-                        const CIMName& resultClass, const String& role,
-                        ObjectPathResponseHandler& handler) override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
-    void modifyInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, const Boolean includeQualifiers,
-                        const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, ObjectPathResponseHandler& handler) override;
-    void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        ResponseHandler& handler) override;
-
   private:
+    friend class AssociationProvider<QRV_MemberOfStorageHardwareIDCollectionProvider>;
+
+    static const ProviderFrame& _frame();
+    static const AssociationRules& _rules();
+
+    void _getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
+                      const InstanceShape& shape, InstanceResponseHandler& handler);
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler);
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler);
     CIMInstance _buildAssociation(CIMClass& cimClass, const CIMObjectPath& collection,
                                   const CIMObjectPath& member) const;
     Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectName,
                                                   const OperationContext& context,
-                                                  Boolean includeQualifiers,
-                                                  Boolean includeClassOrigin,
-                                                  const CIMPropertyList& propertyList);
+                                                  const InstanceShape& shape);
     template <class Handler, class Deliver>
     void _enumerate(const OperationContext& context, const CIMPropertyList& propertyList,
                     Handler& handler, Deliver deliver);
     Array<CIMInstance> _getRelatedInstances(const CIMObjectPath& objectName,
                                             const OperationContext& context,
-                                            Boolean includeQualifiers, Boolean includeClassOrigin,
-                                            const CIMPropertyList& propertyList);
-    Array<CIMObjectPath> _getRelatedInstanceNames(const CIMObjectPath& objectName,
-                                                  const OperationContext& context);
+                                            const InstanceShape& shape);
     Array<CIMInstance> _collectionOf(const CIMObjectPath& hardwareID,
-                                     const OperationContext& context, Boolean includeQualifiers,
-                                     Boolean includeClassOrigin,
-                                     const CIMPropertyList& propertyList);
+                                     const OperationContext& context, const InstanceShape& shape);
     Array<CIMInstance> _membersOf(const CIMObjectPath& collection, const OperationContext& context,
-                                  Boolean includeQualifiers, Boolean includeClassOrigin,
-                                  const CIMPropertyList& propertyList);
+                                  const InstanceShape& shape);
     Array<CIMInstance> _allHardwareIDs(const OperationContext& context);
 
     CIMOMHandle _cimom;

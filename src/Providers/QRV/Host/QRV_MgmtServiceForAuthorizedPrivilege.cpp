@@ -2,9 +2,6 @@
 
 #include <string>
 
-#include "../QRV_AssociationFrame.h"
-#include "../QRV_StoredClass.h"
-
 namespace Pegasus {
 
 namespace {
@@ -66,6 +63,14 @@ void logRefusal(const AssociationRequest& request) {
 QRV_MgmtServiceForAuthorizedPrivilege::QRV_MgmtServiceForAuthorizedPrivilege() = default;
 QRV_MgmtServiceForAuthorizedPrivilege::~QRV_MgmtServiceForAuthorizedPrivilege() = default;
 
+const ProviderFrame& QRV_MgmtServiceForAuthorizedPrivilege::_frame() {
+    return FRAME;
+}
+
+const AssociationRules& QRV_MgmtServiceForAuthorizedPrivilege::_rules() {
+    return RULES;
+}
+
 void QRV_MgmtServiceForAuthorizedPrivilege::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_MgmtServiceForAuthorizedPrivilege::initialize(cimom)");
     _cimom = cimom;
@@ -77,124 +82,6 @@ void QRV_MgmtServiceForAuthorizedPrivilege::initialize(CIMOMHandle& cimom) {
     const Array<CIMObjectPath> services =
         _cimom.enumerateInstanceNames(OperationContext(), _qrvNameSpaceName, _mgmtSvcClassName);
     if (services.size() > 0) _mgmtSvcPath = services[0];
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::terminate() {
-    delete this;
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::associators(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServiceForAuthorizedPrivilege::associators()");
-    if (!_accepts(context,
-                  {"associators", objectName, associationClass, resultClass, role, resultRole}))
-        return;
-    deliverObjects(_getRelatedInstances(objectName, context, includeQualifiers, includeClassOrigin,
-                                        propertyList),
-                   handler);
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::associatorNames(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServiceForAuthorizedPrivilege::associatorNames()");
-    if (!_accepts(context,
-                  {"associatorNames", objectName, associationClass, resultClass, role, resultRole}))
-        return;
-    deliverPaths(_getRelatedInstances(objectName, context, false, false, CIMPropertyList()),
-                 handler);
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::references(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServiceForAuthorizedPrivilege::references()");
-    if (!_accepts(context, {"references", objectName, CIMName(), resultClass, role, String::EMPTY}))
-        return;
-    deliverObjects(_buildAssocInstances(objectName, context, includeQualifiers, includeClassOrigin,
-                                        propertyList),
-                   handler);
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::referenceNames(const OperationContext& context,
-                                                           const CIMObjectPath& objectName,
-                                                           const CIMName& resultClass,
-                                                           const String& role,
-                                                           ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServiceForAuthorizedPrivilege::referenceNames()");
-    if (!_accepts(context,
-                  {"referenceNames", objectName, CIMName(), resultClass, role, String::EMPTY}))
-        return;
-    deliverPaths(_buildAssocInstances(objectName, context, false, false, CIMPropertyList()),
-                 handler);
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::getInstance(const OperationContext& context,
-                                                        const CIMObjectPath& instanceName,
-                                                        const Boolean includeQualifiers,
-                                                        const Boolean includeClassOrigin,
-                                                        const CIMPropertyList& propertyList,
-                                                        InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServiceForAuthorizedPrivilege::getInstance()");
-    openArray(FRAME, context);
-    checkClassLoudly(FRAME, instanceName.getClassName(), "getInstance: wrong class");
-    checkKeyCount(FRAME, instanceName);
-    const Array<CIMInstance> found =
-        matching(instanceName, _buildAssocInstances(instanceName, context, includeQualifiers,
-                                                    includeClassOrigin, propertyList));
-    if (found.size() == 0)
-        log_message(2, "%s::getInstance: object not found = %s\n", FRAME.provider,
-                    static_cast<const char*>(instanceName.toString().getCString()));
-    deliverFound(FRAME, found, handler);
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::enumerateInstances(const OperationContext& context,
-                                                               const CIMObjectPath& classReference,
-                                                               const Boolean includeQualifiers,
-                                                               const Boolean includeClassOrigin,
-                                                               const CIMPropertyList& propertyList,
-                                                               InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServiceForAuthorizedPrivilege::enumerateInstances()");
-    openArray(FRAME, context);
-    checkClassLoudly(FRAME, classReference.getClassName(), "enumerateInstances: wrong class");
-    traceClassName(classReference.getClassName());
-    deliverInstances(_buildAssocInstances(_mgmtSvcPath, context, includeQualifiers,
-                                          includeClassOrigin, propertyList),
-                     handler);
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServiceForAuthorizedPrivilege::enumerateInstanceNames()");
-    openArray(FRAME, context);
-    checkClassLoudly(FRAME, classReference.getClassName(), "enumerateInstanceNames: wrong class");
-    traceClassName(classReference.getClassName());
-    deliverPaths(_buildAssocInstances(_mgmtSvcPath, context, false, false, CIMPropertyList()),
-                 handler);
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::modifyInstance(const OperationContext&,
-                                                           const CIMObjectPath&, const CIMInstance&,
-                                                           const Boolean, const CIMPropertyList&,
-                                                           ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::createInstance(const OperationContext&,
-                                                           const CIMObjectPath&, const CIMInstance&,
-                                                           ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_MgmtServiceForAuthorizedPrivilege::deleteInstance(const OperationContext&,
-                                                           const CIMObjectPath&, ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
 }
 
 bool QRV_MgmtServiceForAuthorizedPrivilege::_accepts(const OperationContext& context,
@@ -209,26 +96,55 @@ bool QRV_MgmtServiceForAuthorizedPrivilege::_accepts(const OperationContext& con
     return sourceExists(_cimom, context, request.objectName, 2, text.c_str());
 }
 
-/// Nothing of the source object but its class decides what is related to it.
-Array<CIMInstance> QRV_MgmtServiceForAuthorizedPrivilege::_getRelatedInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    const bool fromService = objectName.getClassName().equal(_mgmtSvcClassName);
-    return _cimom.enumerateInstances(context, _qrvNameSpaceName,
-                                     fromService ? _authPrvlClassName : _mgmtSvcClassName, false,
-                                     false, includeQualifiers, includeClassOrigin, propertyList);
+void QRV_MgmtServiceForAuthorizedPrivilege::_checkPath(const CIMObjectPath& instanceName) {
+    checkClassLoudly(FRAME, instanceName.getClassName(), "getInstance: wrong class");
+    checkKeyCount(FRAME, instanceName);
 }
 
-Array<CIMInstance> QRV_MgmtServiceForAuthorizedPrivilege::_buildAssocInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    CIMClass cimClass =
-        storedClass(_cimom, _assocClassName, {includeQualifiers, includeClassOrigin, propertyList});
+void QRV_MgmtServiceForAuthorizedPrivilege::_getInstance(const OperationContext& context,
+                                                         const CIMObjectPath& instanceName,
+                                                         const InstanceShape& shape,
+                                                         InstanceResponseHandler& handler) {
+    const Array<CIMInstance> found =
+        matching(instanceName, _buildAssociationInstances(instanceName, context, shape));
+    if (found.size() == 0)
+        log_message(2, "%s::getInstance: object not found = %s\n", FRAME.provider,
+                    static_cast<const char*>(instanceName.toString().getCString()));
+    deliverFound(FRAME, found, handler);
+}
+
+bool QRV_MgmtServiceForAuthorizedPrivilege::_beginEnumeration(const OperationContext& context,
+                                                              const CIMObjectPath& classReference,
+                                                              const char* operation) {
+    openArray(FRAME, context);
+    checkClassLoudly(FRAME, classReference.getClassName(),
+                     (std::string(operation) + ": wrong class").c_str());
+    traceClassName(classReference.getClassName());
+    return true;
+}
+
+/// All privileges belong to the one service, so the enumeration is the walk from it.
+Array<CIMInstance> QRV_MgmtServiceForAuthorizedPrivilege::_buildAllAssociationInstances(
+    const OperationContext& context, const InstanceShape& shape) {
+    return _buildAssociationInstances(_mgmtSvcPath, context, shape);
+}
+
+/// Nothing of the source object but its class decides what is related to it.
+Array<CIMInstance> QRV_MgmtServiceForAuthorizedPrivilege::_getRelatedInstances(
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
+    const bool fromService = objectName.getClassName().equal(_mgmtSvcClassName);
+    return _cimom.enumerateInstances(
+        context, _qrvNameSpaceName, fromService ? _authPrvlClassName : _mgmtSvcClassName, false,
+        false, shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList);
+}
+
+Array<CIMInstance> QRV_MgmtServiceForAuthorizedPrivilege::_buildAssociationInstances(
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
+    CIMClass cimClass = storedClass(_cimom, _assocClassName, shape);
     const CIMName& source = objectName.getClassName();
     Array<CIMInstance> found;
     if (source.equal(_mgmtSvcClassName)) {
-        const Array<CIMInstance> privileges =
-            _getRelatedInstances(objectName, context, false, false, InstanceShape().propertyList);
+        const Array<CIMInstance> privileges = _getRelatedInstances(objectName, context, {});
         for (Uint32 i = 0; i < privileges.size(); ++i)
             found.append(_build(cimClass, objectName, privileges[i].getPath()));
     } else if (source.equal(_authPrvlClassName)) {

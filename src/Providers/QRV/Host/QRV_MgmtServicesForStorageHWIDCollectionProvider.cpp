@@ -2,9 +2,6 @@
 
 #include <vector>
 
-#include "../QRV_AssociationFrame.h"
-#include "../QRV_StoredClass.h"
-
 namespace Pegasus {
 
 namespace {
@@ -40,9 +37,6 @@ const AssociationRules RULES{
       "Antecedent",
       {},
       {"CIM_StorageHardwareID", "CIM_Identity"}}}};
-
-constexpr int REFUSAL_LEVEL = 2;
-constexpr int MISSING_SOURCE_LEVEL = 4;
 
 const CIMName ASSOCIATION("QRV_MgmtServicesForStorageHWIDCollection");
 const CIMName SERVICE("QRV_StorageHardwareIDManagementService");
@@ -104,6 +98,14 @@ QRV_MgmtServicesForStorageHWIDCollectionProvider::
 QRV_MgmtServicesForStorageHWIDCollectionProvider::
     ~QRV_MgmtServicesForStorageHWIDCollectionProvider() = default;
 
+const ProviderFrame& QRV_MgmtServicesForStorageHWIDCollectionProvider::_frame() {
+    return FRAME;
+}
+
+const AssociationRules& QRV_MgmtServicesForStorageHWIDCollectionProvider::_rules() {
+    return RULES;
+}
+
 void QRV_MgmtServicesForStorageHWIDCollectionProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace(
         "QRV_MgmtServicesForStorageHWIDCollectionProvider::initialize(cimom)");
@@ -113,92 +115,40 @@ void QRV_MgmtServicesForStorageHWIDCollectionProvider::initialize(CIMOMHandle& c
     _systemAddr = QRV_Common::getSystemHostName(cimom);
 }
 
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::terminate() {
-    delete this;
-}
-
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::associators(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServicesForStorageHWIDCollectionProvider::associators()");
-    const AssociationRequest request{"associators", objectName, associationClass,
-                                     resultClass,   role,       resultRole};
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request) ||
-        !sourceExists(_cimom, context, objectName, MISSING_SOURCE_LEVEL))
-        return;
-    deliverObjects(_getRelatedInstances(objectName, context, resultClass, includeQualifiers,
-                                        includeClassOrigin, propertyList),
+/// The result class selects what is fetched.
+void QRV_MgmtServicesForStorageHWIDCollectionProvider::_associators(
+    const OperationContext& context, const AssociationRequest& request, const InstanceShape& shape,
+    ObjectResponseHandler& handler) {
+    deliverObjects(_getRelatedInstances(request.objectName, context, request.resultClass, shape),
                    handler);
 }
 
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::associatorNames(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_MgmtServicesForStorageHWIDCollectionProvider::associatorNames()");
-    const AssociationRequest request{"associatorNames", objectName, associationClass,
-                                     resultClass,       role,       resultRole};
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request) ||
-        !sourceExists(_cimom, context, objectName, MISSING_SOURCE_LEVEL))
-        return;
-    deliverPaths(_getRelatedInstanceNames(objectName, context, resultClass), handler);
-}
-
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::references(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServicesForStorageHWIDCollectionProvider::references()");
-    const AssociationRequest request{"references", objectName, CIMName(),
-                                     resultClass,  role,       String::EMPTY};
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request) ||
-        !sourceExists(_cimom, context, objectName, MISSING_SOURCE_LEVEL))
-        return;
-    deliverObjects(_buildAssociationInstances(objectName, context, includeQualifiers,
-                                              includeClassOrigin, propertyList),
-                   handler);
-}
-
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::referenceNames(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_MgmtServicesForStorageHWIDCollectionProvider::referenceNames()");
-    const AssociationRequest request{"referenceNames", objectName, CIMName(),
-                                     resultClass,      role,       String::EMPTY};
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context, request) ||
-        !sourceExists(_cimom, context, objectName, MISSING_SOURCE_LEVEL))
-        return;
-    deliverPaths(_buildAssociationInstanceNames(objectName, context), handler);
-}
-
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::getInstance(
-    const OperationContext& context, const CIMObjectPath& instanceName,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_MgmtServicesForStorageHWIDCollectionProvider::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceName.getClassName());
-    checkKeyCount(FRAME, instanceName);
-    deliverFound(FRAME,
-                 matching(instanceName, _buildAssociationInstances(
-                                            _storageHWIDMgmtServicePath, context, includeQualifiers,
-                                            includeClassOrigin, propertyList)),
+void QRV_MgmtServicesForStorageHWIDCollectionProvider::_associatorNames(
+    const OperationContext& context, const AssociationRequest& request,
+    ObjectPathResponseHandler& handler) {
+    deliverPaths(_getRelatedInstanceNames(request.objectName, context, request.resultClass),
                  handler);
 }
 
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::enumerateInstances(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_MgmtServicesForStorageHWIDCollectionProvider::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
-    CIMClass cimClass =
-        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+void QRV_MgmtServicesForStorageHWIDCollectionProvider::_referenceNames(
+    const OperationContext& context, const AssociationRequest& request,
+    ObjectPathResponseHandler& handler) {
+    deliverPaths(_buildAssociationInstanceNames(request.objectName, context), handler);
+}
+
+void QRV_MgmtServicesForStorageHWIDCollectionProvider::_getInstance(
+    const OperationContext& context, const CIMObjectPath& instanceName, const InstanceShape& shape,
+    InstanceResponseHandler& handler) {
+    deliverFound(FRAME,
+                 matching(instanceName,
+                          _buildAssociationInstances(_storageHWIDMgmtServicePath, context, shape)),
+                 handler);
+}
+
+/// Nothing at all when the service has nothing to manage.
+void QRV_MgmtServicesForStorageHWIDCollectionProvider::_enumerateInstances(
+    const OperationContext& context, const InstanceShape& shape, InstanceResponseHandler& handler) {
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
     const Array<CIMObjectPath> managed =
         _getRelatedInstanceNames(_storageHWIDMgmtServicePath, context, CIMName());
     if (managed.size() == 0) return;
@@ -208,32 +158,9 @@ void QRV_MgmtServicesForStorageHWIDCollectionProvider::enumerateInstances(
     handler.complete();
 }
 
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_MgmtServicesForStorageHWIDCollectionProvider::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
+void QRV_MgmtServicesForStorageHWIDCollectionProvider::_enumerateInstanceNames(
+    const OperationContext& context, ObjectPathResponseHandler& handler) {
     deliverPaths(_buildAssociationInstanceNames(_storageHWIDMgmtServicePath, context), handler);
-}
-
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::modifyInstance(
-    const OperationContext&, const CIMObjectPath&, const CIMInstance&, const Boolean,
-    const CIMPropertyList&, ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::createInstance(const OperationContext&,
-                                                                      const CIMObjectPath&,
-                                                                      const CIMInstance&,
-                                                                      ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_MgmtServicesForStorageHWIDCollectionProvider::deleteInstance(const OperationContext&,
-                                                                      const CIMObjectPath&,
-                                                                      ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
 }
 
 CIMInstance QRV_MgmtServicesForStorageHWIDCollectionProvider::_buildAssociation(
@@ -243,10 +170,8 @@ CIMInstance QRV_MgmtServicesForStorageHWIDCollectionProvider::_buildAssociation(
 }
 
 Array<CIMInstance> QRV_MgmtServicesForStorageHWIDCollectionProvider::_buildAssociationInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    CIMClass cimClass =
-        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
     Array<CIMInstance> associations;
     forEachLink(objectName, _getRelatedInstanceNames(objectName, context, CIMName()),
                 [&](const CIMObjectPath& service, const CIMObjectPath& managed) {
@@ -270,12 +195,12 @@ QRV_MgmtServicesForStorageHWIDCollectionProvider::_buildAssociationInstanceNames
 
 Array<CIMInstance> QRV_MgmtServicesForStorageHWIDCollectionProvider::_getRelatedInstances(
     const CIMObjectPath& objectName, const OperationContext& context, const CIMName& resultClass,
-    Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const InstanceShape& shape) {
     Array<CIMInstance> related;
     for (const CIMName& className : farClasses(objectName, resultClass))
-        related.appendArray(_cimom.enumerateInstances(context, QRV_NAMESPACE, className, false,
-                                                      false, includeQualifiers, includeClassOrigin,
-                                                      propertyList));
+        related.appendArray(_cimom.enumerateInstances(
+            context, QRV_NAMESPACE, className, false, false, shape.includeQualifiers,
+            shape.includeClassOrigin, shape.propertyList));
     return related;
 }
 

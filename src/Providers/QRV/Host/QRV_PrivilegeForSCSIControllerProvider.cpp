@@ -149,6 +149,14 @@ QRV_PrivilegeForSCSIControllerProvider::QRV_PrivilegeForSCSIControllerProvider()
 
 QRV_PrivilegeForSCSIControllerProvider::~QRV_PrivilegeForSCSIControllerProvider() = default;
 
+const ControllerPrivilegeKind& QRV_PrivilegeForSCSIControllerProvider::_kind() {
+    return KIND;
+}
+
+ControllerPrivilege QRV_PrivilegeForSCSIControllerProvider::_privileges() {
+    return ControllerPrivilege(KIND, _cimom, _systemName, _systemAddress, _stringHashTable);
+}
+
 void QRV_PrivilegeForSCSIControllerProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::initialize(cimom)");
     _stringHashTable = nullptr;
@@ -161,120 +169,6 @@ void QRV_PrivilegeForSCSIControllerProvider::initialize(CIMOMHandle& cimom) {
 void QRV_PrivilegeForSCSIControllerProvider::terminate() {
     deleteStringTable(_stringHashTable);
     delete this;
-}
-
-ControllerPrivilege QRV_PrivilegeForSCSIControllerProvider::_privileges() {
-    return ControllerPrivilege(KIND, _cimom, _systemName, _systemAddress, _stringHashTable);
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::associators(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::associators()");
-    if (!_privileges().accepts(
-            context, {"associators", objectName, associationClass, resultClass, role, resultRole}))
-        return;
-    deliverObjects(_privileges().related(objectName, context,
-                                         {includeQualifiers, includeClassOrigin, propertyList}),
-                   handler);
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::associatorNames(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::associatorNames()");
-    if (!_privileges().accepts(context, {"associatorNames", objectName, associationClass,
-                                         resultClass, role, resultRole}))
-        return;
-    deliverPaths(_getRelatedInstanceNames(objectName, context), handler);
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::references(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::references()");
-    if (!_privileges().accepts(
-            context, {"references", objectName, CIMName(), resultClass, role, String::EMPTY}))
-        return;
-    deliverObjects(_privileges().associations(
-                       objectName, context, {includeQualifiers, includeClassOrigin, propertyList}),
-                   handler);
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::referenceNames(const OperationContext& context,
-                                                            const CIMObjectPath& objectName,
-                                                            const CIMName& resultClass,
-                                                            const String& role,
-                                                            ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::referenceNames()");
-    if (!_privileges().accepts(
-            context, {"referenceNames", objectName, CIMName(), resultClass, role, String::EMPTY}))
-        return;
-    deliverPaths(_buildAssociationInstanceNames(objectName, context), handler);
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::getInstance(const OperationContext& context,
-                                                         const CIMObjectPath& instanceName,
-                                                         const Boolean includeQualifiers,
-                                                         const Boolean includeClassOrigin,
-                                                         const CIMPropertyList& propertyList,
-                                                         InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::getInstance()");
-    _privileges().getInstance(context, instanceName,
-                              {includeQualifiers, includeClassOrigin, propertyList}, handler);
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::enumerateInstances(const OperationContext& context,
-                                                                const CIMObjectPath& classReference,
-                                                                const Boolean includeQualifiers,
-                                                                const Boolean includeClassOrigin,
-                                                                const CIMPropertyList& propertyList,
-                                                                InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::enumerateInstances()");
-    _privileges().enumerateInstances(
-        context, classReference, {includeQualifiers, includeClassOrigin, propertyList}, handler);
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::enumerateInstanceNames()");
-    _privileges().enumerateInstanceNames(context, classReference, handler);
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::modifyInstance(const OperationContext&,
-                                                            const CIMObjectPath&,
-                                                            const CIMInstance&, const Boolean,
-                                                            const CIMPropertyList&,
-                                                            ResponseHandler&) {
-    refuse(KIND.frame, "modifyInstance");
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::createInstance(const OperationContext&,
-                                                            const CIMObjectPath&,
-                                                            const CIMInstance&,
-                                                            ObjectPathResponseHandler&) {
-    refuse(KIND.frame, "createInstance");
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::deleteInstance(const OperationContext&,
-                                                            const CIMObjectPath&,
-                                                            ResponseHandler&) {
-    refuse(KIND.frame, "deleteInstance");
-}
-
-Array<CIMObjectPath> QRV_PrivilegeForSCSIControllerProvider::_buildAssociationInstanceNames(
-    const CIMObjectPath& objectName, const OperationContext& context) {
-    return pathsOf(_privileges().associations(objectName, context, {}));
-}
-
-Array<CIMObjectPath> QRV_PrivilegeForSCSIControllerProvider::_getRelatedInstanceNames(
-    const CIMObjectPath& objectName, const OperationContext& context) {
-    return pathsOf(_privileges().related(objectName, context, {}));
 }
 
 Array<CIMInstance> QRV_PrivilegeForSCSIControllerProvider::buildAssociationInstances(

@@ -1,8 +1,6 @@
 #include "QRV_PrivilegeForStorageHardwareIDCollectionProvider.h"
 
 #include "../QRV_ArrayGate.h"
-#include "../QRV_AssociationFrame.h"
-#include "../QRV_StoredClass.h"
 #include "../QRV_StringTable.h"
 #include "../QRV_VlunWalk.h"
 #include "QRV_AuthorizedPrivilegeProvider.h"
@@ -29,8 +27,6 @@ const AssociationRules RULES{
      "QRV_AuthorizedPrivilege", "CIM_Privilege", "CIM_AuthorizedPrivilege"},
     true,
     {}};
-
-constexpr int REFUSAL_LEVEL = 3;
 
 const CIMName ASSOCIATION("QRV_PrivilegeForStorageHardwareIDCollection");
 const CIMName PRIVILEGE("QRV_AuthorizedPrivilege");
@@ -73,6 +69,14 @@ QRV_PrivilegeForStorageHardwareIDCollectionProvider::
 QRV_PrivilegeForStorageHardwareIDCollectionProvider::
     ~QRV_PrivilegeForStorageHardwareIDCollectionProvider() = default;
 
+const ProviderFrame& QRV_PrivilegeForStorageHardwareIDCollectionProvider::_frame() {
+    return FRAME;
+}
+
+const AssociationRules& QRV_PrivilegeForStorageHardwareIDCollectionProvider::_rules() {
+    return RULES;
+}
+
 void QRV_PrivilegeForStorageHardwareIDCollectionProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace(
         "QRV_PrivilegeForStorageHardwareIDCollectionProvider::initialize(cimom)");
@@ -88,127 +92,20 @@ void QRV_PrivilegeForStorageHardwareIDCollectionProvider::terminate() {
     delete this;
 }
 
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::associators(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::associators()");
-    if (!beginAssociation(
-            FRAME, RULES, REFUSAL_LEVEL, context,
-            {"associators", objectName, associationClass, resultClass, role, resultRole}))
-        return;
-    deliverObjects(_getRelatedInstances(objectName, context, includeQualifiers, includeClassOrigin,
-                                        propertyList),
-                   handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::associatorNames(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::associatorNames()");
-    if (!beginAssociation(
-            FRAME, RULES, REFUSAL_LEVEL, context,
-            {"associatorNames", objectName, associationClass, resultClass, role, resultRole}))
-        return;
-    deliverPaths(_getRelatedInstanceNames(objectName, context), handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::references(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDCollectionProvider::references()");
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context,
-                          {"references", objectName, CIMName(), resultClass, role, String::EMPTY}))
-        return;
-    deliverObjects(_buildAssociationInstances(objectName, context, includeQualifiers,
-                                              includeClassOrigin, propertyList),
-                   handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::referenceNames(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::referenceNames()");
-    if (!beginAssociation(
-            FRAME, RULES, REFUSAL_LEVEL, context,
-            {"referenceNames", objectName, CIMName(), resultClass, role, String::EMPTY}))
-        return;
+/// The answer begins before the array is asked.
+void QRV_PrivilegeForStorageHardwareIDCollectionProvider::_referenceNames(
+    const OperationContext& context, const AssociationRequest& request,
+    ObjectPathResponseHandler& handler) {
     handler.processing();
-    const Array<CIMInstance> found =
-        _buildAssociationInstances(objectName, context, false, false, CIMPropertyList());
+    const Array<CIMInstance> found = _buildAssociationInstances(request.objectName, context, {});
     for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
     handler.complete();
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::getInstance(
-    const OperationContext& context, const CIMObjectPath& instanceName,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceName.getClassName());
-    checkKeyCount(FRAME, instanceName);
-    deliverFound(
-        FRAME,
-        matching(instanceName, _buildAssociationInstances(instanceName, context, includeQualifiers,
-                                                          includeClassOrigin, propertyList)),
-        handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::enumerateInstances(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
-    deliverInstances(
-        _buildAllAssociationInstances(context, includeQualifiers, includeClassOrigin, propertyList),
-        handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_PrivilegeForStorageHardwareIDCollectionProvider::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
-    deliverPaths(_buildAllAssociationInstances(context, false, false, CIMPropertyList()), handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::modifyInstance(
-    const OperationContext&, const CIMObjectPath&, const CIMInstance&, const Boolean,
-    const CIMPropertyList&, ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::createInstance(
-    const OperationContext&, const CIMObjectPath&, const CIMInstance&, ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::deleteInstance(const OperationContext&,
-                                                                         const CIMObjectPath&,
-                                                                         ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
 }
 
 CIMInstance QRV_PrivilegeForStorageHardwareIDCollectionProvider::_build(
     CIMClass& cimClass, const CIMObjectPath& privilege, const CIMObjectPath& element) const {
     return QRV_Common::buildAssocInstance(ASSOCIATION, "Privilege", "PrivilegedElement", privilege,
                                           element, cimClass, _nodeAddress, "root/qrv");
-}
-
-Array<CIMObjectPath> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_getRelatedInstanceNames(
-    const CIMObjectPath& objectName, const OperationContext& context) {
-    return pathsOf(_getRelatedInstances(objectName, context, false, false, CIMPropertyList()));
 }
 
 CIMObjectPath QRV_PrivilegeForStorageHardwareIDCollectionProvider::_collectionPath(
@@ -218,12 +115,10 @@ CIMObjectPath QRV_PrivilegeForStorageHardwareIDCollectionProvider::_collectionPa
 }
 
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_buildAssociationInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
     Array<CIMInstance> found;
     try {
-        _associationsOf(found, objectName, context,
-                        {includeQualifiers, includeClassOrigin, propertyList});
+        _associationsOf(found, objectName, context, shape);
     } catch (...) {
         log_message(
             2,
@@ -257,10 +152,8 @@ void QRV_PrivilegeForStorageHardwareIDCollectionProvider::_associationsOf(
 /// The collections aren't fetched: the host of a VLUN is taken to exist.
 Array<CIMInstance>
 QRV_PrivilegeForStorageHardwareIDCollectionProvider::_buildAllAssociationInstances(
-    const OperationContext&, Boolean includeQualifiers, Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList) {
-    CIMClass cimClass =
-        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+    const OperationContext&, const InstanceShape& shape) {
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
     Array<String> hostNames;
     Array<CIMInstance> privileges, found;
     QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
@@ -274,9 +167,7 @@ QRV_PrivilegeForStorageHardwareIDCollectionProvider::_buildAllAssociationInstanc
 }
 
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_getRelatedInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    const InstanceShape shape{includeQualifiers, includeClassOrigin, propertyList};
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
     if (objectName.getClassName().equal(COLLECTION)) return _privilegesOf(objectName, shape);
     if (objectName.getClassName().equal(PRIVILEGE))
         return _collectionOf(objectName, context, shape);

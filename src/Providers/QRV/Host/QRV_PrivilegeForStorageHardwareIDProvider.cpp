@@ -1,7 +1,5 @@
 #include "QRV_PrivilegeForStorageHardwareIDProvider.h"
 
-#include "../QRV_AssociationFrame.h"
-#include "../QRV_StoredClass.h"
 #include "../QRV_StringTable.h"
 #include "QRV_AuthorizedPrivilegeProvider.h"
 #include "QRV_PrivilegeKey.h"
@@ -28,8 +26,6 @@ const AssociationRules RULES{
     true,
     {}};
 
-constexpr int REFUSAL_LEVEL = 3;
-
 const CIMName ASSOCIATION("QRV_PrivilegeForStorageHardwareID");
 const CIMName PRIVILEGE("QRV_AuthorizedPrivilege");
 const CIMName HARDWARE_ID("QRV_StorageHardwareID");
@@ -55,6 +51,14 @@ QRV_PrivilegeForStorageHardwareIDProvider::QRV_PrivilegeForStorageHardwareIDProv
 
 QRV_PrivilegeForStorageHardwareIDProvider::~QRV_PrivilegeForStorageHardwareIDProvider() = default;
 
+const ProviderFrame& QRV_PrivilegeForStorageHardwareIDProvider::_frame() {
+    return FRAME;
+}
+
+const AssociationRules& QRV_PrivilegeForStorageHardwareIDProvider::_rules() {
+    return RULES;
+}
+
 void QRV_PrivilegeForStorageHardwareIDProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::initialize(cimom)");
     _stringHashTable = nullptr;
@@ -69,119 +73,14 @@ void QRV_PrivilegeForStorageHardwareIDProvider::terminate() {
     delete this;
 }
 
-void QRV_PrivilegeForStorageHardwareIDProvider::associators(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::associators()");
-    if (!beginAssociation(
-            FRAME, RULES, REFUSAL_LEVEL, context,
-            {"associators", objectName, associationClass, resultClass, role, resultRole}))
-        return;
-    deliverObjects(_getRelatedInstances(objectName, context, includeQualifiers, includeClassOrigin,
-                                        propertyList),
-                   handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::associatorNames(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::associatorNames()");
-    if (!beginAssociation(
-            FRAME, RULES, REFUSAL_LEVEL, context,
-            {"associatorNames", objectName, associationClass, resultClass, role, resultRole}))
-        return;
-    deliverPaths(_getRelatedInstanceNames(objectName, context), handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::references(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::references()");
-    if (!beginAssociation(FRAME, RULES, REFUSAL_LEVEL, context,
-                          {"references", objectName, CIMName(), resultClass, role, String::EMPTY}))
-        return;
-    deliverObjects(_buildAssociationInstances(objectName, context, includeQualifiers,
-                                              includeClassOrigin, propertyList),
-                   handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::referenceNames(const OperationContext& context,
-                                                               const CIMObjectPath& objectName,
-                                                               const CIMName& resultClass,
-                                                               const String& role,
-                                                               ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::referenceNames()");
-    if (!beginAssociation(
-            FRAME, RULES, REFUSAL_LEVEL, context,
-            {"referenceNames", objectName, CIMName(), resultClass, role, String::EMPTY}))
-        return;
+/// The answer begins before the array is asked.
+void QRV_PrivilegeForStorageHardwareIDProvider::_referenceNames(
+    const OperationContext& context, const AssociationRequest& request,
+    ObjectPathResponseHandler& handler) {
     handler.processing();
-    const Array<CIMInstance> found =
-        _buildAssociationInstances(objectName, context, false, false, CIMPropertyList());
+    const Array<CIMInstance> found = _buildAssociationInstances(request.objectName, context, {});
     for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
     handler.complete();
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::getInstance(const OperationContext& context,
-                                                            const CIMObjectPath& instanceName,
-                                                            const Boolean includeQualifiers,
-                                                            const Boolean includeClassOrigin,
-                                                            const CIMPropertyList& propertyList,
-                                                            InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceName.getClassName());
-    checkKeyCount(FRAME, instanceName);
-    deliverFound(
-        FRAME,
-        matching(instanceName, _buildAssociationInstances(instanceName, context, includeQualifiers,
-                                                          includeClassOrigin, propertyList)),
-        handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::enumerateInstances(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
-    deliverInstances(
-        _buildAllAssociationInstances(context, includeQualifiers, includeClassOrigin, propertyList),
-        handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_PrivilegeForStorageHardwareIDProvider::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
-    deliverPaths(_buildAllAssociationInstances(context, false, false, CIMPropertyList()), handler);
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::modifyInstance(const OperationContext&,
-                                                               const CIMObjectPath&,
-                                                               const CIMInstance&, const Boolean,
-                                                               const CIMPropertyList&,
-                                                               ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::createInstance(const OperationContext&,
-                                                               const CIMObjectPath&,
-                                                               const CIMInstance&,
-                                                               ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::deleteInstance(const OperationContext&,
-                                                               const CIMObjectPath&,
-                                                               ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
 }
 
 CIMInstance QRV_PrivilegeForStorageHardwareIDProvider::_build(CIMClass& cimClass,
@@ -191,16 +90,9 @@ CIMInstance QRV_PrivilegeForStorageHardwareIDProvider::_build(CIMClass& cimClass
                                           element, cimClass, _nodeAddress, "root/qrv");
 }
 
-Array<CIMObjectPath> QRV_PrivilegeForStorageHardwareIDProvider::_getRelatedInstanceNames(
-    const CIMObjectPath& objectName, const OperationContext& context) {
-    return pathsOf(_getRelatedInstances(objectName, context, false, false, CIMPropertyList()));
-}
-
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_buildAssociationInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    CIMClass cimClass =
-        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
     const CIMName& source = objectName.getClassName();
     if (source.equal(ASSOCIATION)) return _proven(cimClass, objectName, context);
     const Array<CIMObjectPath> related = _getRelatedInstanceNames(objectName, context);
@@ -228,10 +120,8 @@ Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_proven(
 
 /// The hardware IDs aren't fetched: a privilege's initiator is taken to exist.
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_buildAllAssociationInstances(
-    const OperationContext& context, Boolean includeQualifiers, Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList) {
-    CIMClass cimClass =
-        storedClass(_cimom, ASSOCIATION, {includeQualifiers, includeClassOrigin, propertyList});
+    const OperationContext& context, const InstanceShape& shape) {
+    CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
     const Array<CIMObjectPath> privileges =
         _cimom.enumerateInstanceNames(context, QRV_NAMESPACE, PRIVILEGE);
     Array<CIMInstance> found;
@@ -242,11 +132,9 @@ Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_buildAllAssociati
 }
 
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_getRelatedInstances(
-    const CIMObjectPath& objectName, const OperationContext& context, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
     Array<CIMInstance> found;
-    if (objectName.getClassName().equal(HARDWARE_ID))
-        return _privilegesOf(objectName, {includeQualifiers, includeClassOrigin, propertyList});
+    if (objectName.getClassName().equal(HARDWARE_ID)) return _privilegesOf(objectName, shape);
     if (!objectName.getClassName().equal(PRIVILEGE)) return found;
     const String initiator = initiatorOf(objectName);
     if (initiator.size() == 0) {
@@ -254,8 +142,8 @@ Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_getRelatedInstanc
         return found;
     }
     const CIMInstance hardwareID =
-        tryGetInstance(_cimom, context, hardwareIDPath(_nodeAddress, initiator), includeQualifiers,
-                       includeClassOrigin, propertyList);
+        tryGetInstance(_cimom, context, hardwareIDPath(_nodeAddress, initiator),
+                       shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList);
     if (!hardwareID.isUninitialized()) found.append(hardwareID);
     return found;
 }

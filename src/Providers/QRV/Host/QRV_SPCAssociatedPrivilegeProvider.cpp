@@ -17,6 +17,14 @@ QRV_SPCAssociatedPrivilegeProvider::QRV_SPCAssociatedPrivilegeProvider()
 
 QRV_SPCAssociatedPrivilegeProvider::~QRV_SPCAssociatedPrivilegeProvider() = default;
 
+const AssociatedPrivilegeKind& QRV_SPCAssociatedPrivilegeProvider::_kind() {
+    return KIND;
+}
+
+AssociatedPrivilege QRV_SPCAssociatedPrivilegeProvider::_privileges() {
+    return AssociatedPrivilege(KIND, _cimom, _systemName, _systemAddress, _stringHashTable);
+}
+
 void QRV_SPCAssociatedPrivilegeProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::initialize(cimom)");
     _stringHashTable = nullptr;
@@ -29,99 +37,6 @@ void QRV_SPCAssociatedPrivilegeProvider::initialize(CIMOMHandle& cimom) {
 void QRV_SPCAssociatedPrivilegeProvider::terminate() {
     deleteStringTable(_stringHashTable);
     delete this;
-}
-
-AssociatedPrivilege QRV_SPCAssociatedPrivilegeProvider::_privileges() {
-    return AssociatedPrivilege(KIND, _cimom, _systemName, _systemAddress, _stringHashTable);
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::associators(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::associators()");
-    _privileges().associators(
-        context, {"associators", objectName, associationClass, resultClass, role, resultRole},
-        {includeQualifiers, includeClassOrigin, propertyList}, handler);
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::associatorNames(
-    const OperationContext& context, const CIMObjectPath& objectName,
-    const CIMName& associationClass, const CIMName& resultClass, const String& role,
-    const String& resultRole, ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::associatorNames()");
-    _privileges().associatorNames(
-        context, {"associatorNames", objectName, associationClass, resultClass, role, resultRole},
-        handler);
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::references(
-    const OperationContext& context, const CIMObjectPath& objectName, const CIMName& resultClass,
-    const String& role, const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, ObjectResponseHandler& handler) {
-    const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::references()");
-    _privileges().references(
-        context, {"references", objectName, CIMName(), resultClass, role, String::EMPTY},
-        {includeQualifiers, includeClassOrigin, propertyList}, handler);
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::referenceNames(const OperationContext& context,
-                                                        const CIMObjectPath& objectName,
-                                                        const CIMName& resultClass,
-                                                        const String& role,
-                                                        ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::referenceNames()");
-    _privileges().referenceNames(
-        context, {"referenceNames", objectName, CIMName(), resultClass, role, String::EMPTY},
-        handler);
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::getInstance(const OperationContext& context,
-                                                     const CIMObjectPath& instanceName,
-                                                     const Boolean includeQualifiers,
-                                                     const Boolean includeClassOrigin,
-                                                     const CIMPropertyList& propertyList,
-                                                     InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::getInstance()");
-    _privileges().getInstance(context, instanceName,
-                              {includeQualifiers, includeClassOrigin, propertyList}, handler);
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::enumerateInstances(const OperationContext& context,
-                                                            const CIMObjectPath& classReference,
-                                                            const Boolean includeQualifiers,
-                                                            const Boolean includeClassOrigin,
-                                                            const CIMPropertyList& propertyList,
-                                                            InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::enumerateInstances()");
-    _privileges().enumerateInstances(
-        context, classReference, {includeQualifiers, includeClassOrigin, propertyList}, handler);
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::enumerateInstanceNames()");
-    _privileges().enumerateInstanceNames(context, classReference, handler);
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::modifyInstance(const OperationContext&,
-                                                        const CIMObjectPath&, const CIMInstance&,
-                                                        const Boolean, const CIMPropertyList&,
-                                                        ResponseHandler&) {
-    refuse(KIND.frame, "modifyInstance");
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::createInstance(const OperationContext&,
-                                                        const CIMObjectPath&, const CIMInstance&,
-                                                        ObjectPathResponseHandler&) {
-    refuse(KIND.frame, "createInstance");
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::deleteInstance(const OperationContext&,
-                                                        const CIMObjectPath&, ResponseHandler&) {
-    refuse(KIND.frame, "deleteInstance");
 }
 
 CIMObjectPath QRV_SPCAssociatedPrivilegeProvider::buildInstanceName(

@@ -1,65 +1,22 @@
 // States each initiator's right on a Fibre Channel controller as one association.
 #pragma once
 
-#include <Pegasus/Provider/CIMAssociationProvider.h>
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
-
-#include "../QRV_Common.h"
+#include "QRV_AssociatedPrivilege.h"
 
 namespace Pegasus {
-
-class AssociatedPrivilege;
 
 /// Association and instance provider of QRV_SPCAssociatedPrivilege, from QRV_StorageHardwareID to
 /// QRV_SCSIController. Answers are delivered as the walk over the VLUNs goes; walks of one provider
 /// run one after another. The static operations also serve QRV_iSPCAssociatedPrivilege.
-class QRV_SPCAssociatedPrivilegeProvider : public CIMAssociationProvider,
-                                           public CIMInstanceProvider {
+class QRV_SPCAssociatedPrivilegeProvider
+    : public AssociatedPrivilegeProvider<QRV_SPCAssociatedPrivilegeProvider> {
   public:
     QRV_SPCAssociatedPrivilegeProvider();
     ~QRV_SPCAssociatedPrivilegeProvider() override;
 
     void initialize(CIMOMHandle& cimom) override;
 
-    /// Destroys the provider.
     void terminate() override;
-
-    void associators(const OperationContext& context, const CIMObjectPath& objectName,
-                     const CIMName& associationClass, const CIMName& resultClass,
-                     const String& role, const String& resultRole, const Boolean includeQualifiers,
-                     const Boolean includeClassOrigin, const CIMPropertyList& propertyList,
-                     ObjectResponseHandler& handler) override;
-    void associatorNames(const OperationContext& context, const CIMObjectPath& objectName,
-                         const CIMName& associationClass, const CIMName& resultClass,
-                         const String& role, const String& resultRole,
-                         ObjectPathResponseHandler& handler) override;
-    void references(const OperationContext& context, const CIMObjectPath& objectName,
-                    const CIMName& resultClass, const String& role, const Boolean includeQualifiers,
-                    const Boolean includeClassOrigin, const CIMPropertyList& propertyList,
-                    ObjectResponseHandler& handler) override;
-    void referenceNames(const OperationContext& context, const CIMObjectPath& objectName,
-                        const CIMName& resultClass, const String& role,
-                        ObjectPathResponseHandler& handler) override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
-    void modifyInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, const Boolean includeQualifiers,
-                        const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, ObjectPathResponseHandler& handler) override;
-    void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        ResponseHandler& handler) override;
 
     /// The InstanceIDs of the hardware IDs that a VLUN lets through, in the order of the host's
     /// paths: the initiator that it names, or else those of its host, on its port if it has one. A
@@ -109,6 +66,10 @@ class QRV_SPCAssociatedPrivilegeProvider : public CIMAssociationProvider,
                                                           const CIMObjectPath& targetPath);
 
   private:
+    friend class AssociationProvider<QRV_SPCAssociatedPrivilegeProvider>;
+    friend class AssociatedPrivilegeProvider<QRV_SPCAssociatedPrivilegeProvider>;
+
+    static const AssociatedPrivilegeKind& _kind();
     AssociatedPrivilege _privileges();
 
     CIMOMHandle _cimom;
