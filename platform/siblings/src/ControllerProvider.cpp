@@ -40,66 +40,45 @@ void ControllerProvider::initialize(CIMOMHandle& cimom) {
     _systemAddress = QRV_Common::getSystemHostName(cimom);
 }
 
-void ControllerProvider::terminate() {
-    delete this;
-}
-
 /// Calls `take` with each controller, or with the one that `instanceReference` names when it has a
 /// class.
 template <class Take>
-void ControllerProvider::_walk(const CIMObjectPath& instanceReference, Boolean includeQualifiers,
-                               Boolean includeClassOrigin, const CIMPropertyList& propertyList,
+void ControllerProvider::_walk(const CIMObjectPath& instanceReference, const InstanceShape& shape,
                                Take take) {
     VlunWalkData walk;
     if (api_initSPCParamData(walk.receive()) != 0)
-        throw CIMOperationFailedException(String(_frame.className) + " out of memory.");
+        throw CIMOperationFailedException(String(_controllers.className) + " out of memory.");
     Uint32 cursor = 0;
     do {
         Array<CIMInstance> chunk;
-        QRV_Common::buildSPCInstances(_cimom, OperationContext(), instanceReference, _systemName,
-                                      _systemAddress, _frame.qrvClass, includeQualifiers,
-                                      includeClassOrigin, propertyList, 0, chunk, walk.change(),
-                                      &cursor, CHUNK_SIZE);
+        QRV_Common::buildSPCInstances(
+            _cimom, OperationContext(), instanceReference, _systemName, _systemAddress,
+            _controllers.qrvClass, shape.includeQualifiers, shape.includeClassOrigin,
+            shape.propertyList, 0, chunk, walk.change(), &cursor, CHUNK_SIZE);
         for (Uint32 i = 0; i < chunk.size(); ++i) take(chunk[i]);
     } while (cursor != 0);
 }
 
-void ControllerProvider::getInstance(const OperationContext& context,
-                                     const CIMObjectPath& instanceName,
-                                     const Boolean includeQualifiers,
-                                     const Boolean includeClassOrigin,
-                                     const CIMPropertyList& propertyList,
-                                     InstanceResponseHandler& handler) {
-    openArray(_frame, context);
-    checkClass(_frame, instanceName.getClassName());
-    checkKeyCount(_frame, instanceName);
+Array<CIMInstance> ControllerProvider::_buildInstances(const CIMObjectPath& path,
+                                                       const InstanceShape& shape) {
     Array<CIMInstance> found;
-    _walk(instanceName, includeQualifiers, includeClassOrigin, propertyList,
-          [&](const CIMInstance& instance) {
-              if (isOnSameSystem(instanceName, instance.getPath())) found.append(instance);
-          });
-    deliverFound(_frame, found, handler);
+    _walk(path, shape, [&](const CIMInstance& instance) {
+        if (isOnSameSystem(path, instance.getPath())) found.append(instance);
+    });
+    return found;
 }
 
-void ControllerProvider::enumerateInstances(const OperationContext& context,
-                                            const CIMObjectPath& classReference,
-                                            const Boolean includeQualifiers,
-                                            const Boolean includeClassOrigin,
-                                            const CIMPropertyList& propertyList,
-                                            InstanceResponseHandler& handler) {
-    beginEnumeration(_frame, context, classReference);
+void ControllerProvider::_enumerateInstances(const OperationContext&, const InstanceShape& shape,
+                                             InstanceResponseHandler& handler) {
     handler.processing();
-    _walk(CIMObjectPath(), includeQualifiers, includeClassOrigin, propertyList,
-          [&](const CIMInstance& instance) { handler.deliver(instance); });
+    _walk(CIMObjectPath(), shape, [&](const CIMInstance& instance) { handler.deliver(instance); });
     handler.complete();
 }
 
-void ControllerProvider::enumerateInstanceNames(const OperationContext& context,
-                                                const CIMObjectPath& classReference,
-                                                ObjectPathResponseHandler& handler) {
-    beginEnumeration(_frame, context, classReference);
+void ControllerProvider::_enumerateInstanceNames(const OperationContext&,
+                                                 ObjectPathResponseHandler& handler) {
     handler.processing();
-    _walk(CIMObjectPath(), false, false, CIMPropertyList(Array<CIMName>()),
+    _walk(CIMObjectPath(), {},
           [&](const CIMInstance& instance) { handler.deliver(instance.getPath()); });
     handler.complete();
 }
@@ -109,7 +88,7 @@ void ControllerProvider::enumerateInstanceNames(const OperationContext& context,
 CIMPropertyList ControllerProvider::_differences(const CIMObjectPath& instanceName,
                                                  const CIMInstance& instance) {
     CIMPropertyList result;
-    _walk(instanceName, false, false, CIMPropertyList(), [&](const CIMInstance& present) {
+    _walk(instanceName, {false, false, CIMPropertyList()}, [&](const CIMInstance& present) {
         Array<CIMName> names;
         for (Uint32 i = 0; i < instance.getPropertyCount(); ++i) {
             const CIMConstProperty property = instance.getProperty(i);
@@ -129,20 +108,10 @@ void ControllerProvider::modifyInstance(const OperationContext& context,
                                         const Boolean includeQualifiers,
                                         const CIMPropertyList& propertyList,
                                         ResponseHandler& handler) {
-    openArray(_frame, context);
+    openArray(_controllers, context);
     QRV_Common::modifySPC(
         context, instanceName, instance, includeQualifiers,
         propertyList.isNull() ? _differences(instanceName, instance) : propertyList, handler);
-}
-
-void ControllerProvider::createInstance(const OperationContext&, const CIMObjectPath&,
-                                        const CIMInstance&, ObjectPathResponseHandler&) {
-    refuse(_frame, "createInstance");
-}
-
-void ControllerProvider::deleteInstance(const OperationContext&, const CIMObjectPath&,
-                                        ResponseHandler&) {
-    refuse(_frame, "deleteInstance");
 }
 
 }  // namespace Pegasus

@@ -1,9 +1,7 @@
 // Shows the protocol controllers that VLUNs make, those of one transport.
 #pragma once
 
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
-#include <QRV_OperationFrame.h>
+#include <QRV_InstanceProvider.h>
 
 namespace Pegasus {
 
@@ -14,42 +12,32 @@ extern const ProviderFrame ISCSI_CONTROLLER;
 /// Instance provider of one class of controllers. Enumerations deliver as the array hands out
 /// controllers, one chunk at a time. A controller's ElementName may be changed, which renames the
 /// host.
-class ControllerProvider : public CIMInstanceProvider {
+class ControllerProvider : public InstanceProvider<ControllerProvider> {
   public:
     /// `frame` outlives the provider.
-    explicit ControllerProvider(const ProviderFrame& frame) : _frame(frame) {}
+    explicit ControllerProvider(const ProviderFrame& frame) : _controllers(frame) {}
 
     void initialize(CIMOMHandle& cimom) override;
 
-    /// Destroys the provider.
-    void terminate() override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
     void modifyInstance(const OperationContext& context, const CIMObjectPath& instanceName,
                         const CIMInstance& instance, const Boolean includeQualifiers,
                         const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, ObjectPathResponseHandler& handler) override;
-    void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        ResponseHandler& handler) override;
 
   private:
+    template <class, class...>
+    friend class InstanceProvider;
+
+    const ProviderFrame& _frame() const { return _controllers; }
+    Array<CIMInstance> _buildInstances(const CIMObjectPath& path, const InstanceShape& shape);
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler);
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler);
     template <class Take>
-    void _walk(const CIMObjectPath& instanceReference, Boolean includeQualifiers,
-               Boolean includeClassOrigin, const CIMPropertyList& propertyList, Take take);
+    void _walk(const CIMObjectPath& instanceReference, const InstanceShape& shape, Take take);
     CIMPropertyList _differences(const CIMObjectPath& instanceName, const CIMInstance& instance);
 
-    const ProviderFrame& _frame;
+    const ProviderFrame& _controllers;
     CIMOMHandle _cimom;
     String _systemName;
     String _systemAddress;

@@ -1,8 +1,5 @@
 #include "QRV_SystemElementProvider.h"
 
-#include <QRV_Common.h>
-#include <QRV_OperationFrame.h>
-
 #include <utility>
 #include <vector>
 
@@ -101,76 +98,23 @@ void QRV_SystemElementProvider::initialize(CIMOMHandle& cimom) {
     _hostName = QRV_Common::getSystemHostName(cimom);
 }
 
-void QRV_SystemElementProvider::terminate() {
-    delete this;
+const ProviderFrame& QRV_SystemElementProvider::_frame() const {
+    return _element.frame;
 }
 
-void QRV_SystemElementProvider::getInstance(const OperationContext& context,
-                                            const CIMObjectPath& instanceName,
-                                            const Boolean includeQualifiers,
-                                            const Boolean includeClassOrigin,
-                                            const CIMPropertyList& propertyList,
-                                            InstanceResponseHandler& handler) {
-    openArray(_element.frame, context);
-    checkClass(_element.frame, instanceName.getClassName());
-    checkKeyCount(_element.frame, instanceName);
-    Array<CIMInstance> found;
-    if (hasKeys(instanceName, _element.keys(readSystemFacts())))
-        found.append(_build(includeQualifiers, includeClassOrigin, propertyList));
-    deliverFound(_element.frame, found, handler);
-}
-
-void QRV_SystemElementProvider::enumerateInstances(const OperationContext& context,
-                                                   const CIMObjectPath& classReference,
-                                                   const Boolean includeQualifiers,
-                                                   const Boolean includeClassOrigin,
-                                                   const CIMPropertyList& propertyList,
-                                                   InstanceResponseHandler& handler) {
-    beginEnumeration(_element.frame, context, classReference);
-    const CIMInstance instance = _build(includeQualifiers, includeClassOrigin, propertyList);
-    handler.processing();
-    handler.deliver(instance);
-    handler.complete();
-}
-
-void QRV_SystemElementProvider::enumerateInstanceNames(const OperationContext& context,
-                                                       const CIMObjectPath& classReference,
-                                                       ObjectPathResponseHandler& handler) {
-    beginEnumeration(_element.frame, context, classReference);
-    const CIMObjectPath path = makePath(_element, _hostName, _element.keys(readSystemFacts()));
-    handler.processing();
-    handler.deliver(path);
-    handler.complete();
-}
-
-void QRV_SystemElementProvider::modifyInstance(const OperationContext&, const CIMObjectPath&,
-                                               const CIMInstance&, const Boolean,
-                                               const CIMPropertyList&, ResponseHandler&) {
-    refuse(_element.frame, "modifyInstance");
-}
-
-void QRV_SystemElementProvider::createInstance(const OperationContext&, const CIMObjectPath&,
-                                               const CIMInstance&, ObjectPathResponseHandler&) {
-    refuse(_element.frame, "createInstance");
-}
-
-void QRV_SystemElementProvider::deleteInstance(const OperationContext&, const CIMObjectPath&,
-                                               ResponseHandler&) {
-    refuse(_element.frame, "deleteInstance");
-}
-
-CIMInstance QRV_SystemElementProvider::_build(Boolean includeQualifiers, Boolean includeClassOrigin,
-                                              const CIMPropertyList& propertyList) {
+Array<CIMInstance> QRV_SystemElementProvider::_buildInstances(const CIMObjectPath& path,
+                                                              const InstanceShape& shape) {
     const api_SystemFacts_t facts = readSystemFacts();
-    CIMClass cimClass = QRV_Common::getStoredCIMClass(
-        _cimom, OperationContext(), QRV_NAMESPACE, _element.frame.qrvClass, false,
-        includeQualifiers, includeClassOrigin, propertyList);
-    CIMInstance instance = QRV_Common::buildInstanceSkeleton(cimClass);
     const Texts keys = _element.keys(facts);
+    Array<CIMInstance> instances;
+    if (!path.getClassName().isNull() && !hasKeys(path, keys)) return instances;
+    CIMClass cimClass = storedClass(_cimom, _element.frame.qrvClass, shape);
+    CIMInstance instance = QRV_Common::buildInstanceSkeleton(cimClass);
     setTexts(instance, keys);
     setTexts(instance, _element.properties(facts));
     instance.setPath(makePath(_element, _hostName, keys));
-    return instance;
+    instances.append(instance);
+    return instances;
 }
 
 }  // namespace Pegasus

@@ -3,12 +3,10 @@
 #pragma once
 
 #include <Pegasus/Provider/CIMAssociationProvider.h>
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
 
 #include "QRV_AssociationFrame.h"
+#include "QRV_InstanceProvider.h"
 #include "QRV_PathMatcher.h"
-#include "QRV_StoredClass.h"
 
 namespace Pegasus {
 
@@ -16,7 +14,7 @@ namespace Pegasus {
 /// AssociationProvider<Provider>`, and that makes it its friend.
 ///
 /// A class gives
-///  - `static const ProviderFrame& _frame()` and `static const AssociationRules& _rules()`,
+///  - `_frame()` and `static const AssociationRules& _rules()`,
 ///  - its handle `_cimom` to the server, and
 ///  - `_getRelatedInstances(objectName, context, shape)`, the objects at the far ends,
 ///  - `_buildAssociationInstances(objectName, context, shape)`, the associations of an object,
@@ -25,17 +23,14 @@ namespace Pegasus {
 /// Where it differs, it declares a function or constant of the protected part anew, and its own
 /// counts.
 template <class Provider>
-class AssociationProvider : public CIMAssociationProvider, public CIMInstanceProvider {
+class AssociationProvider : public InstanceProvider<Provider, CIMAssociationProvider> {
   public:
-    /// Destroys the provider.
-    void terminate() override { delete this; }
-
     void associators(const OperationContext& context, const CIMObjectPath& objectName,
                      const CIMName& associationClass, const CIMName& resultClass,
                      const String& role, const String& resultRole, const Boolean includeQualifiers,
                      const Boolean includeClassOrigin, const CIMPropertyList& propertyList,
                      ObjectResponseHandler& handler) override {
-        const OperationTrace trace(_provider(), "associators");
+        const OperationTrace trace(_frameOfSelf().provider, "associators");
         const AssociationRequest request{"associators", objectName, associationClass,
                                          resultClass,   role,       resultRole};
         if (_self()._accepts(context, request))
@@ -47,7 +42,7 @@ class AssociationProvider : public CIMAssociationProvider, public CIMInstancePro
                          const CIMName& associationClass, const CIMName& resultClass,
                          const String& role, const String& resultRole,
                          ObjectPathResponseHandler& handler) override {
-        const OperationTrace trace(_provider(), "associatorNames");
+        const OperationTrace trace(_frameOfSelf().provider, "associatorNames");
         const AssociationRequest request{"associatorNames", objectName, associationClass,
                                          resultClass,       role,       resultRole};
         if (_self()._accepts(context, request)) _self()._associatorNames(context, request, handler);
@@ -57,7 +52,7 @@ class AssociationProvider : public CIMAssociationProvider, public CIMInstancePro
                     const CIMName& resultClass, const String& role, const Boolean includeQualifiers,
                     const Boolean includeClassOrigin, const CIMPropertyList& propertyList,
                     ObjectResponseHandler& handler) override {
-        const OperationTrace trace(_provider(), "references");
+        const OperationTrace trace(_frameOfSelf().provider, "references");
         const AssociationRequest request{"references", objectName, CIMName(),
                                          resultClass,  role,       String::EMPTY};
         if (_self()._accepts(context, request))
@@ -68,53 +63,10 @@ class AssociationProvider : public CIMAssociationProvider, public CIMInstancePro
     void referenceNames(const OperationContext& context, const CIMObjectPath& objectName,
                         const CIMName& resultClass, const String& role,
                         ObjectPathResponseHandler& handler) override {
-        const OperationTrace trace(_provider(), "referenceNames");
+        const OperationTrace trace(_frameOfSelf().provider, "referenceNames");
         const AssociationRequest request{"referenceNames", objectName, CIMName(),
                                          resultClass,      role,       String::EMPTY};
         if (_self()._accepts(context, request)) _self()._referenceNames(context, request, handler);
-    }
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override {
-        const OperationTrace trace(_provider(), "getInstance");
-        openArray(Provider::_frame(), context);
-        _self()._checkPath(instanceName);
-        _self()._getInstance(context, instanceName,
-                             {includeQualifiers, includeClassOrigin, propertyList}, handler);
-    }
-
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override {
-        const OperationTrace trace(_provider(), "enumerateInstances");
-        if (_self()._beginEnumeration(context, classReference, "enumerateInstances"))
-            _self()._enumerateInstances(
-                context, {includeQualifiers, includeClassOrigin, propertyList}, handler);
-    }
-
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override {
-        const OperationTrace trace(_provider(), "enumerateInstanceNames");
-        if (_self()._beginEnumeration(context, classReference, "enumerateInstanceNames"))
-            _self()._enumerateInstanceNames(context, handler);
-    }
-
-    void modifyInstance(const OperationContext&, const CIMObjectPath&, const CIMInstance&,
-                        const Boolean, const CIMPropertyList&, ResponseHandler&) override {
-        refuse(Provider::_frame(), "modifyInstance");
-    }
-
-    void createInstance(const OperationContext&, const CIMObjectPath&, const CIMInstance&,
-                        ObjectPathResponseHandler&) override {
-        refuse(Provider::_frame(), "createInstance");
-    }
-
-    void deleteInstance(const OperationContext&, const CIMObjectPath&, ResponseHandler&) override {
-        refuse(Provider::_frame(), "deleteInstance");
     }
 
   protected:
@@ -128,7 +80,7 @@ class AssociationProvider : public CIMAssociationProvider, public CIMInstancePro
     /// Whether the request is a valid one. When it isn't, the operation ends without touching its
     /// handler.
     bool _accepts(const OperationContext& context, const AssociationRequest& request) {
-        return beginAssociation(Provider::_frame(), Provider::_rules(), Provider::REFUSAL_LEVEL,
+        return beginAssociation(_frameOfSelf(), Provider::_rules(), Provider::REFUSAL_LEVEL,
                                 context, request) &&
                (Provider::MISSING_SOURCE_LEVEL == 0 ||
                 sourceExists(_self()._cimom, context, request.objectName,
@@ -162,26 +114,13 @@ class AssociationProvider : public CIMAssociationProvider, public CIMInstancePro
         return pathsOf(_self()._getRelatedInstances(objectName, context, {}));
     }
 
-    /// Throws when a path can't name an instance of the class.
-    void _checkPath(const CIMObjectPath& instanceName) {
-        checkClass(Provider::_frame(), instanceName.getClassName());
-        checkKeyCount(Provider::_frame(), instanceName);
-    }
-
     /// The answer to a getInstance with such a path.
     void _getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
                       const InstanceShape& shape, InstanceResponseHandler& handler) {
-        deliverFound(Provider::_frame(),
+        deliverFound(_frameOfSelf(),
                      matching(instanceName,
                               _self()._buildAssociationInstances(instanceName, context, shape)),
                      handler);
-    }
-
-    /// The steps of an enumeration before it builds. Whether it is to be answered.
-    bool _beginEnumeration(const OperationContext& context, const CIMObjectPath& classReference,
-                           const char*) {
-        beginEnumeration(Provider::_frame(), context, classReference);
-        return true;
     }
 
     void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
@@ -194,13 +133,8 @@ class AssociationProvider : public CIMAssociationProvider, public CIMInstancePro
         deliverPaths(_self()._buildAllAssociationInstances(context, {}), handler);
     }
 
-    AssociationProvider() = default;
-    ~AssociationProvider() override = default;
-
-    Provider& _self() { return static_cast<Provider&>(*this); }
-
-  private:
-    static const char* _provider() { return Provider::_frame().provider; }
+    using InstanceProvider<Provider, CIMAssociationProvider>::_self;
+    using InstanceProvider<Provider, CIMAssociationProvider>::_frameOfSelf;
 };
 
 }  // namespace Pegasus

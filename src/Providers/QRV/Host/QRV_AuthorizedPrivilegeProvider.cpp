@@ -67,6 +67,10 @@ QRV_AuthorizedPrivilegeProvider::QRV_AuthorizedPrivilegeProvider(const CIMObject
 
 QRV_AuthorizedPrivilegeProvider::~QRV_AuthorizedPrivilegeProvider() = default;
 
+const ProviderFrame& QRV_AuthorizedPrivilegeProvider::_frame() {
+    return FRAME;
+}
+
 void QRV_AuthorizedPrivilegeProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::initialize(cimom)");
     _stringHashTable = nullptr;
@@ -81,70 +85,39 @@ void QRV_AuthorizedPrivilegeProvider::terminate() {
     delete this;
 }
 
-void QRV_AuthorizedPrivilegeProvider::getInstance(const OperationContext& context,
-                                                  const CIMObjectPath& instanceReference,
-                                                  const Boolean, const Boolean,
-                                                  const CIMPropertyList&,
-                                                  InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceReference.getClassName());
-    checkKeyCount(FRAME, instanceReference);
+/// The client's flags and list play no part: a privilege has few properties.
+void QRV_AuthorizedPrivilegeProvider::_getInstance(const OperationContext&,
+                                                   const CIMObjectPath& instanceReference,
+                                                   const InstanceShape&,
+                                                   InstanceResponseHandler& handler) {
     Array<CIMInstance> found;
-    _buildInstances(instanceReference, context, false, false, CIMPropertyList(), found, nullptr, 0);
+    _buildInstances(instanceReference, {false, false, CIMPropertyList()}, found, nullptr, 0);
     deliverFound(FRAME, found, handler);
 }
 
-void QRV_AuthorizedPrivilegeProvider::enumerateInstances(const OperationContext& context,
-                                                         const CIMObjectPath& classReference,
-                                                         const Boolean includeQualifiers,
-                                                         const Boolean includeClassOrigin,
-                                                         const CIMPropertyList& propertyList,
-                                                         InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
+void QRV_AuthorizedPrivilegeProvider::_enumerateInstances(const OperationContext&,
+                                                          const InstanceShape& shape,
+                                                          InstanceResponseHandler& handler) {
     Array<CIMInstance> none;
     handler.processing();
-    _buildInstances(CIMObjectPath(), context, includeQualifiers, includeClassOrigin, propertyList,
-                    none, &handler, 0);
+    _buildInstances(CIMObjectPath(), shape, none, &handler, 0);
     handler.complete();
 }
 
-void QRV_AuthorizedPrivilegeProvider::enumerateInstanceNames(const OperationContext& context,
-                                                             const CIMObjectPath& classReference,
-                                                             ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
+void QRV_AuthorizedPrivilegeProvider::_enumerateInstanceNames(const OperationContext&,
+                                                              ObjectPathResponseHandler& handler) {
     Array<CIMInstance> none;
     handler.processing();
-    _buildInstances(CIMObjectPath(), context, false, false, InstanceShape().propertyList, none,
-                    &handler, 1);
+    _buildInstances(CIMObjectPath(), {}, none, &handler, 1);
     handler.complete();
-}
-
-void QRV_AuthorizedPrivilegeProvider::modifyInstance(const OperationContext&, const CIMObjectPath&,
-                                                     const CIMInstance&, const Boolean,
-                                                     const CIMPropertyList&, ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_AuthorizedPrivilegeProvider::createInstance(const OperationContext&, const CIMObjectPath&,
-                                                     const CIMInstance&,
-                                                     ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_AuthorizedPrivilegeProvider::deleteInstance(const OperationContext&, const CIMObjectPath&,
-                                                     ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
 }
 
 /// All privileges, or those that `classReference` narrows them to when it has a class. A key that
 /// isn't a privilege's names none.
-void QRV_AuthorizedPrivilegeProvider::_buildInstances(
-    const CIMObjectPath& classReference, const OperationContext&, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList, Array<CIMInstance>& instances,
-    void* handler, int isdeliverPath) {
+void QRV_AuthorizedPrivilegeProvider::_buildInstances(const CIMObjectPath& classReference,
+                                                      const InstanceShape& shape,
+                                                      Array<CIMInstance>& instances, void* handler,
+                                                      int isdeliverPath) {
     String hwidInstID, spcDeviceID;
     VlunFilter filter;
     if (!classReference.getClassName().isNull()) {
@@ -157,8 +130,9 @@ void QRV_AuthorizedPrivilegeProvider::_buildInstances(
     }
     Array<String> hostNames;
     buildOrDeliverInstances(_cimom, _nodeAddress, hostNames, _stringHashTable, instances,
-                            includeQualifiers, includeClassOrigin, propertyList, filter.host,
-                            filter.vlunType, filter.portLPID, hwidInstID, handler, isdeliverPath);
+                            shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList,
+                            filter.host, filter.vlunType, filter.portLPID, hwidInstID, handler,
+                            isdeliverPath);
 }
 
 void QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(

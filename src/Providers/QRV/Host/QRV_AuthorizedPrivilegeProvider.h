@@ -1,9 +1,7 @@
 // Shows the right of each initiator on each controller, as the VLUNs grant it.
 #pragma once
 
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
-#include <qrvapi.h>
+#include "../QRV_InstanceProvider.h"
 
 namespace Pegasus {
 
@@ -11,7 +9,7 @@ namespace Pegasus {
 /// for a distinct pair of a controller's DeviceID and an initiator in all VLUNs and templates.
 /// Walks of one provider run one after another, each with its own chunk of VLUNs; answers of any
 /// length are delivered as the walk goes.
-class QRV_AuthorizedPrivilegeProvider : public CIMInstanceProvider {
+class QRV_AuthorizedPrivilegeProvider : public InstanceProvider<QRV_AuthorizedPrivilegeProvider> {
   public:
     QRV_AuthorizedPrivilegeProvider();
 
@@ -22,27 +20,7 @@ class QRV_AuthorizedPrivilegeProvider : public CIMInstanceProvider {
 
     void initialize(CIMOMHandle& cimom) override;
 
-    /// Destroys the provider.
     void terminate() override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
-    void modifyInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, const Boolean includeQualifiers,
-                        const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, ObjectPathResponseHandler& handler) override;
-    void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        ResponseHandler& handler) override;
 
     /// The privilege of the hardware ID `initiatorID` on the controller `spcDeviceID`, with its
     /// path on the host `systemAddress`.
@@ -79,10 +57,18 @@ class QRV_AuthorizedPrivilegeProvider : public CIMInstanceProvider {
                                                      String& spcDeviceID);
 
   private:
-    void _buildInstances(const CIMObjectPath& classReference, const OperationContext& context,
-                         Boolean includeQualifiers, Boolean includeClassOrigin,
-                         const CIMPropertyList& propertyList, Array<CIMInstance>& instances,
-                         void* handler, int isdeliverPath);
+    template <class, class...>
+    friend class InstanceProvider;
+
+    static const ProviderFrame& _frame();
+    void _getInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
+                      const InstanceShape& shape, InstanceResponseHandler& handler);
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler);
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler);
+    void _buildInstances(const CIMObjectPath& classReference, const InstanceShape& shape,
+                         Array<CIMInstance>& instances, void* handler, int isdeliverPath);
 
     CIMOMHandle _cimom;
     String _nodeAddress;

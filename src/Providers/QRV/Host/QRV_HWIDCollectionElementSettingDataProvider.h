@@ -17,7 +17,10 @@ class QRV_HWIDCollectionElementSettingDataProvider
     void initialize(CIMOMHandle& cimom) override;
 
   private:
-    friend class AssociationProvider<QRV_HWIDCollectionElementSettingDataProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class ElementSettingProvider<QRV_HWIDCollectionElementSettingDataProvider>;
 
     static const ElementSettingKind& _kind();

@@ -17,7 +17,10 @@ class QRV_HardwareIDElementSettingDataProvider
     void initialize(CIMOMHandle& cimom) override;
 
   private:
-    friend class AssociationProvider<QRV_HardwareIDElementSettingDataProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class ElementSettingProvider<QRV_HardwareIDElementSettingDataProvider>;
 
     static const ElementSettingKind& _kind();

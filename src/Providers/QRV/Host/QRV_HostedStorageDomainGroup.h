@@ -16,7 +16,10 @@ class QRV_HostedStorageDomainGroup
     void initialize(CIMOMHandle& cimom) override;
 
   private:
-    friend class AssociationProvider<QRV_HostedStorageDomainGroup>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class HostedAssociationProvider<QRV_HostedStorageDomainGroup>;
 
     static const HostedAssociationKind& _kind();

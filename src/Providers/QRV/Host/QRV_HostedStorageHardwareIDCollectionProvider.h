@@ -16,7 +16,10 @@ class QRV_HostedStorageHardwareIDCollectionProvider
     void initialize(CIMOMHandle& cimom) override;
 
   private:
-    friend class AssociationProvider<QRV_HostedStorageHardwareIDCollectionProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class HostedAssociationProvider<QRV_HostedStorageHardwareIDCollectionProvider>;
 
     static const HostedAssociationKind& _kind();

@@ -18,7 +18,10 @@ class QRV_MemberOfStorageHardwareIDCollectionProvider
     void initialize(CIMOMHandle& cimom) override;
 
   private:
-    friend class AssociationProvider<QRV_MemberOfStorageHardwareIDCollectionProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
 
     static const ProviderFrame& _frame();
     static const AssociationRules& _rules();

@@ -18,7 +18,10 @@ class QRV_MgmtServiceForAuthorizedPrivilege
     void initialize(CIMOMHandle& cimom) override;
 
   private:
-    friend class AssociationProvider<QRV_MgmtServiceForAuthorizedPrivilege>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
 
     static const ProviderFrame& _frame();
     static const AssociationRules& _rules();

@@ -17,7 +17,10 @@ class QRV_MgmtServicesForStorageHWIDCollectionProvider
     void initialize(CIMOMHandle& cimom) override;
 
   private:
-    friend class AssociationProvider<QRV_MgmtServicesForStorageHWIDCollectionProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
 
     static const ProviderFrame& _frame();
     static const AssociationRules& _rules();

@@ -37,7 +37,10 @@ class QRV_PrivilegeForSCSIControllerProvider
         hashtable_t* stringHashTable);
 
   private:
-    friend class AssociationProvider<QRV_PrivilegeForSCSIControllerProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class ControllerPrivilegeProvider<QRV_PrivilegeForSCSIControllerProvider>;
 
     static const ControllerPrivilegeKind& _kind();

@@ -18,7 +18,10 @@ class QRV_PrivilegeForStorageHardwareIDCollectionProvider
     void terminate() override;
 
   private:
-    friend class AssociationProvider<QRV_PrivilegeForStorageHardwareIDCollectionProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
 
     static const ProviderFrame& _frame();
     static const AssociationRules& _rules();

@@ -19,7 +19,10 @@ class QRV_PrivilegeForiSCSIControllerProvider
     void terminate() override;
 
   private:
-    friend class AssociationProvider<QRV_PrivilegeForiSCSIControllerProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class ControllerPrivilegeProvider<QRV_PrivilegeForiSCSIControllerProvider>;
 
     static const ControllerPrivilegeKind& _kind();

@@ -2,6 +2,8 @@
 
 #include <Pegasus/Provider/ProviderException.h>
 
+#include <string>
+
 #include "../QRV_CimServer.h"
 #include "../QRV_StoredClass.h"
 #include "QRV_ManagementService.h"
@@ -33,6 +35,10 @@ QRV_PrivilegeMgmtServiceProvider::QRV_PrivilegeMgmtServiceProvider(const CIMObje
 
 QRV_PrivilegeMgmtServiceProvider::~QRV_PrivilegeMgmtServiceProvider() = default;
 
+const ProviderFrame& QRV_PrivilegeMgmtServiceProvider::_frame() {
+    return FRAME;
+}
+
 void QRV_PrivilegeMgmtServiceProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_PrivilegeMgmtServiceProvider::initialize(cimom)");
     _cimom = cimom;
@@ -41,72 +47,33 @@ void QRV_PrivilegeMgmtServiceProvider::initialize(CIMOMHandle& cimom) {
     _instanceName = _buildInstanceName();
 }
 
-void QRV_PrivilegeMgmtServiceProvider::terminate() {
-    delete this;
-}
-
-void QRV_PrivilegeMgmtServiceProvider::getInstance(const OperationContext& context,
-                                                   const CIMObjectPath& instanceName,
-                                                   const Boolean includeQualifiers,
-                                                   const Boolean includeClassOrigin,
-                                                   const CIMPropertyList& propertyList,
-                                                   InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeMgmtServiceProvider::getInstance()");
-    openArray(FRAME, context);
+void QRV_PrivilegeMgmtServiceProvider::_checkPath(const CIMObjectPath& instanceName) {
     checkClassLoudly(FRAME, instanceName.getClassName(), "getInstance() incorrect className");
     checkKeyCount(FRAME, instanceName);
-    Array<CIMInstance> found;
-    if (QRV_Common::matchObjectPath(instanceName, _instanceName))
-        found.append(_buildInstance(includeQualifiers, includeClassOrigin, propertyList));
-    deliverFound(FRAME, found, handler);
 }
 
-void QRV_PrivilegeMgmtServiceProvider::enumerateInstances(const OperationContext& context,
-                                                          const CIMObjectPath& classReference,
-                                                          const Boolean includeQualifiers,
-                                                          const Boolean includeClassOrigin,
-                                                          const CIMPropertyList& propertyList,
-                                                          InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeMgmtServiceProvider::enumerateInstances()");
+bool QRV_PrivilegeMgmtServiceProvider::_beginEnumeration(const OperationContext& context,
+                                                         const CIMObjectPath& classReference,
+                                                         const char* operation) {
     traceClassName(classReference.getClassName());
     openArray(FRAME, context);
     checkClassLoudly(FRAME, classReference.getClassName(),
-                     "enumerateInstances() incorrect className");
-    const CIMInstance instance =
-        _buildInstance(includeQualifiers, includeClassOrigin, propertyList);
-    handler.processing();
-    handler.deliver(instance);
-    handler.complete();
+                     (std::string(operation) + "() incorrect className").c_str());
+    return true;
 }
 
-void QRV_PrivilegeMgmtServiceProvider::enumerateInstanceNames(const OperationContext& context,
-                                                              const CIMObjectPath& classReference,
-                                                              ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_PrivilegeMgmtServiceProvider::enumerateInstanceNames()");
-    traceClassName(classReference.getClassName());
-    openArray(FRAME, context);
-    checkClassLoudly(FRAME, classReference.getClassName(),
-                     "enumerateInstanceNames() incorrect className");
-    handler.processing();
-    handler.deliver(_instanceName);
-    handler.complete();
+Array<CIMInstance> QRV_PrivilegeMgmtServiceProvider::_buildInstances(const CIMObjectPath& path,
+                                                                     const InstanceShape& shape) {
+    Array<CIMInstance> instances;
+    if (path.getClassName().isNull() || QRV_Common::matchObjectPath(path, _instanceName))
+        instances.append(_buildInstance(shape));
+    return instances;
 }
 
-void QRV_PrivilegeMgmtServiceProvider::modifyInstance(const OperationContext&, const CIMObjectPath&,
-                                                      const CIMInstance&, const Boolean,
-                                                      const CIMPropertyList&, ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_PrivilegeMgmtServiceProvider::createInstance(const OperationContext&, const CIMObjectPath&,
-                                                      const CIMInstance&,
-                                                      ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_PrivilegeMgmtServiceProvider::deleteInstance(const OperationContext&, const CIMObjectPath&,
-                                                      ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
+/// Nothing is read from the array for it.
+void QRV_PrivilegeMgmtServiceProvider::_enumerateInstanceNames(const OperationContext&,
+                                                               ObjectPathResponseHandler& handler) {
+    deliverPaths(Array<CIMObjectPath>(1, _instanceName), handler);
 }
 
 void QRV_PrivilegeMgmtServiceProvider::invokeMethod(const OperationContext& context,
@@ -137,12 +104,9 @@ CIMObjectPath QRV_PrivilegeMgmtServiceProvider::_buildInstanceName() {
     return ServiceIdentity{SERVICE_CLASS, _systemName, _name}.path(_systemAddress);
 }
 
-CIMInstance QRV_PrivilegeMgmtServiceProvider::_buildInstance(Boolean includeQualifiers,
-                                                             Boolean includeClassOrigin,
-                                                             const CIMPropertyList& propertyList) {
+CIMInstance QRV_PrivilegeMgmtServiceProvider::_buildInstance(const InstanceShape& shape) {
     const ServiceOwner owner = readServiceOwner();
-    CIMClass serviceClass =
-        storedClass(_cimom, SERVICE_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
+    CIMClass serviceClass = storedClass(_cimom, SERVICE_CLASS, shape);
     CIMInstance instance = QRV_Common::buildInstanceSkeleton(serviceClass);
     describeService(instance, {SERVICE_CLASS, _systemName, _name}, owner);
     QRV_Common::setPropertyValue(instance, CIMName("ElementName"), _name);

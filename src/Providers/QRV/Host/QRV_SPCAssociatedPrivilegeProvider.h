@@ -66,7 +66,10 @@ class QRV_SPCAssociatedPrivilegeProvider
                                                           const CIMObjectPath& targetPath);
 
   private:
-    friend class AssociationProvider<QRV_SPCAssociatedPrivilegeProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class AssociatedPrivilegeProvider<QRV_SPCAssociatedPrivilegeProvider>;
 
     static const AssociatedPrivilegeKind& _kind();

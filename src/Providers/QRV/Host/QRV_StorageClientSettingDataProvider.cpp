@@ -117,74 +117,53 @@ QRV_StorageClientSettingDataProvider::QRV_StorageClientSettingDataProvider(const
 
 QRV_StorageClientSettingDataProvider::~QRV_StorageClientSettingDataProvider() = default;
 
+const ProviderFrame& QRV_StorageClientSettingDataProvider::_frame() {
+    return FRAME;
+}
+
 void QRV_StorageClientSettingDataProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_StorageClientSettingDataProvider::initialize(cimom)");
     _cimom = cimom;
     _systemAddress = QRV_Common::getSystemHostName(cimom);
 }
 
-void QRV_StorageClientSettingDataProvider::terminate() {
-    delete this;
+/// An instance is looked for by the whole path, whatever its class and the number of its keys.
+void QRV_StorageClientSettingDataProvider::_checkPath(const CIMObjectPath& instanceReference) {
+    requireInstanceID(instanceReference);
 }
 
-void QRV_StorageClientSettingDataProvider::getInstance(const OperationContext& context,
-                                                       const CIMObjectPath& instanceReference,
-                                                       const Boolean includeQualifiers,
-                                                       const Boolean includeClassOrigin,
-                                                       const CIMPropertyList& propertyList,
-                                                       InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageClientSettingDataProvider::getInstance()");
-    openArray(FRAME, context);
-    const String instanceID = requireInstanceID(instanceReference);
-    deliverFound(FRAME,
-                 matching(instanceReference,
-                          _build_instances(includeQualifiers, includeClassOrigin, propertyList)),
-                 handler, instanceID);
+void QRV_StorageClientSettingDataProvider::_getInstance(const OperationContext&,
+                                                        const CIMObjectPath& instanceReference,
+                                                        const InstanceShape& shape,
+                                                        InstanceResponseHandler& handler) {
+    deliverFound(FRAME, matching(instanceReference, _build_instances(shape)), handler,
+                 requireInstanceID(instanceReference));
 }
 
-void QRV_StorageClientSettingDataProvider::enumerateInstances(const OperationContext& context,
-                                                              const CIMObjectPath&,
-                                                              const Boolean includeQualifiers,
-                                                              const Boolean includeClassOrigin,
-                                                              const CIMPropertyList& propertyList,
-                                                              InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageClientSettingDataProvider::enumerateInstances()");
+/// The class is looked at for names alone.
+bool QRV_StorageClientSettingDataProvider::_beginEnumeration(const OperationContext& context,
+                                                             const CIMObjectPath& classReference,
+                                                             const char* operation) {
     openArray(FRAME, context);
-    deliverInstances(_build_instances(includeQualifiers, includeClassOrigin, propertyList),
-                     handler);
+    if (String::equal(operation, "enumerateInstanceNames"))
+        checkClass(FRAME, classReference.getClassName());
+    return true;
 }
 
-void QRV_StorageClientSettingDataProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageClientSettingDataProvider::enumerateInstanceNames()");
-    openArray(FRAME, context);
-    checkClass(FRAME, classReference.getClassName());
+void QRV_StorageClientSettingDataProvider::_enumerateInstances(const OperationContext&,
+                                                               const InstanceShape& shape,
+                                                               InstanceResponseHandler& handler) {
+    deliverInstances(_build_instances(shape), handler);
+}
+
+void QRV_StorageClientSettingDataProvider::_enumerateInstanceNames(
+    const OperationContext&, ObjectPathResponseHandler& handler) {
     deliverPaths(_build_ref(), handler);
 }
 
-void QRV_StorageClientSettingDataProvider::modifyInstance(const OperationContext&,
-                                                          const CIMObjectPath&, const CIMInstance&,
-                                                          const Boolean, const CIMPropertyList&,
-                                                          ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_StorageClientSettingDataProvider::createInstance(const OperationContext&,
-                                                          const CIMObjectPath&, const CIMInstance&,
-                                                          ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_StorageClientSettingDataProvider::deleteInstance(const OperationContext&,
-                                                          const CIMObjectPath&, ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
-}
-
 Array<CIMInstance> QRV_StorageClientSettingDataProvider::_build_instances(
-    Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
-    CIMClass settingClass =
-        storedClass(_cimom, SETTING_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
+    const InstanceShape& shape) {
+    CIMClass settingClass = storedClass(_cimom, SETTING_CLASS, shape);
     PersonaList personas;
     const ArrayAnswer answer = readPersonas(personas);
     if (answer.failed()) throw CIMOperationFailedException(errorText(answer.status));

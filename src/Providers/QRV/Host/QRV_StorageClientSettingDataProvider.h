@@ -1,15 +1,14 @@
 // Shows each host persona of the array as one read-only QRV_StorageClientSettingData.
 #pragma once
 
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
-#include <qrvapi.h>
+#include "../QRV_InstanceProvider.h"
 
 namespace Pegasus {
 
 /// Instance provider of QRV_StorageClientSettingData. Operations may run at once on any number of
 /// threads.
-class QRV_StorageClientSettingDataProvider : public CIMInstanceProvider {
+class QRV_StorageClientSettingDataProvider
+    : public InstanceProvider<QRV_StorageClientSettingDataProvider> {
   public:
     QRV_StorageClientSettingDataProvider();
 
@@ -19,29 +18,6 @@ class QRV_StorageClientSettingDataProvider : public CIMInstanceProvider {
     ~QRV_StorageClientSettingDataProvider() override;
 
     void initialize(CIMOMHandle& cimom) override;
-
-    /// Destroys the provider.
-    void terminate() override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
-    void modifyInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                        const CIMInstance& instanceObject, const Boolean includeQualifiers,
-                        const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                        const CIMInstance& instanceObject,
-                        ObjectPathResponseHandler& handler) override;
-    void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                        ResponseHandler& handler) override;
 
     /// The InstanceID of the persona with this number.
     PEGASUS_EXPORT static String makeUniqueID(Uint32 personaNum);
@@ -66,8 +42,20 @@ class QRV_StorageClientSettingDataProvider : public CIMInstanceProvider {
                                                     const String& systemAddress);
 
   private:
-    Array<CIMInstance> _build_instances(Boolean includeQualifiers, Boolean includeClassOrigin,
-                                        const CIMPropertyList& propertyList);
+    template <class, class...>
+    friend class InstanceProvider;
+
+    static const ProviderFrame& _frame();
+    static void _checkPath(const CIMObjectPath& instanceReference);
+    void _getInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
+                      const InstanceShape& shape, InstanceResponseHandler& handler);
+    static bool _beginEnumeration(const OperationContext& context,
+                                  const CIMObjectPath& classReference, const char* operation);
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler);
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler);
+    Array<CIMInstance> _build_instances(const InstanceShape& shape);
     Array<CIMObjectPath> _build_ref();
 
     CIMOMHandle _cimom;

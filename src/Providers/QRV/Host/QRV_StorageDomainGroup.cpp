@@ -64,81 +64,23 @@ QRV_StorageDomainGroup::QRV_StorageDomainGroup(const CIMObjectPath&) {
 
 QRV_StorageDomainGroup::~QRV_StorageDomainGroup() = default;
 
+const ProviderFrame& QRV_StorageDomainGroup::_frame() {
+    return FRAME;
+}
+
 void QRV_StorageDomainGroup::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_StorageDomainGroup::initialize(cimom)");
     _cimom = cimom;
     _systemAddress = QRV_Common::getSystemHostName(cimom);
 }
 
-void QRV_StorageDomainGroup::terminate() {
-    delete this;
-}
-
-void QRV_StorageDomainGroup::getInstance(const OperationContext& context,
-                                         const CIMObjectPath& instanceReference,
-                                         const Boolean includeQualifiers,
-                                         const Boolean includeClassOrigin,
-                                         const CIMPropertyList& propertyList,
-                                         InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageDomainGroup::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceReference.getClassName());
-    checkKeyCount(FRAME, instanceReference);
-    deliverFound(FRAME,
-                 _buildInstances(context, instanceReference, includeQualifiers, includeClassOrigin,
-                                 propertyList),
-                 handler);
-}
-
-void QRV_StorageDomainGroup::enumerateInstances(const OperationContext& context,
-                                                const CIMObjectPath& classReference,
-                                                const Boolean includeQualifiers,
-                                                const Boolean includeClassOrigin,
-                                                const CIMPropertyList& propertyList,
-                                                InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageDomainGroup::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
-    deliverInstances(_buildInstances(context, CIMObjectPath(), includeQualifiers,
-                                     includeClassOrigin, propertyList),
-                     handler);
-}
-
-void QRV_StorageDomainGroup::enumerateInstanceNames(const OperationContext& context,
-                                                    const CIMObjectPath& classReference,
-                                                    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageDomainGroup::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
-    deliverPaths(_buildInstances(context, CIMObjectPath(), false, false, CIMPropertyList()),
-                 handler);
-}
-
-void QRV_StorageDomainGroup::modifyInstance(const OperationContext&, const CIMObjectPath&,
-                                            const CIMInstance&, const Boolean,
-                                            const CIMPropertyList&, ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_StorageDomainGroup::createInstance(const OperationContext&, const CIMObjectPath&,
-                                            const CIMInstance&, ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_StorageDomainGroup::deleteInstance(const OperationContext&, const CIMObjectPath&,
-                                            ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
-}
-
-Array<CIMInstance> QRV_StorageDomainGroup::_buildInstances(const OperationContext&,
-                                                           const CIMObjectPath& instanceReference,
-                                                           Boolean includeQualifiers,
-                                                           Boolean includeClassOrigin,
-                                                           const CIMPropertyList& propertyList) {
+Array<CIMInstance> QRV_StorageDomainGroup::_buildInstances(const CIMObjectPath& instanceReference,
+                                                           const InstanceShape& shape) {
     const OperationTrace trace("QRV_StorageDomainGroup::_buildInstances()");
     Array<CIMInstance> instances;
     const SetList sets = readSets(instanceReference);
     if (sets->count == 0) return instances;
-    CIMClass domainGroupClass =
-        storedClass(_cimom, GROUP_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
+    CIMClass domainGroupClass = storedClass(_cimom, GROUP_CLASS, shape);
     for (qrv_u32 i = 0; i < sets->count; ++i)
         instances.append(buildInstance(&sets->sets[i], domainGroupClass, _systemAddress));
     return instances;

@@ -1,15 +1,13 @@
 // Shows each domain set of the array as one read-only QRV_StorageDomainGroup.
 #pragma once
 
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
-#include <qrvapi.h>
+#include "../QRV_InstanceProvider.h"
 
 namespace Pegasus {
 
-/// Instance provider of QRV_StorageHardwareIDCollection. Operations may run at once on any number
-/// of threads.
-class QRV_StorageDomainGroup : public CIMInstanceProvider {
+/// Instance provider of the class of the same name. Operations may run at once on any number of
+/// threads.
+class QRV_StorageDomainGroup : public InstanceProvider<QRV_StorageDomainGroup> {
   public:
     QRV_StorageDomainGroup();
 
@@ -20,42 +18,17 @@ class QRV_StorageDomainGroup : public CIMInstanceProvider {
 
     void initialize(CIMOMHandle& cimom) override;
 
-    /// Destroys the provider.
-    void terminate() override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
-
-    /// Sets the host's persona (HostPersonaID) and then its domain (Domain; an empty one takes the
-    /// host out of its domain). Nothing else can be set. The persona stands even if the domain is
-    /// refused.
-    void modifyInstance(const OperationContext& context, const CIMObjectPath& objectRef,
-                        const CIMInstance& instanceObject, const Boolean includeQualifiers,
-                        const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                        const CIMInstance& instanceObject,
-                        ObjectPathResponseHandler& handler) override;
-    void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                        ResponseHandler& handler) override;
-
     /// The object path of the group of the domain set with this name, and with this InstanceID.
     PEGASUS_EXPORT static CIMObjectPath buildObjectPath(String systemAddress, String setName);
     PEGASUS_EXPORT static CIMObjectPath buildInstanceName(String nodeAddress, String instanceID);
 
   private:
-    Array<CIMInstance> _buildInstances(const OperationContext& context,
-                                       const CIMObjectPath& instanceReference,
-                                       Boolean includeQualifiers, Boolean includeClassOrigin,
-                                       const CIMPropertyList& propertyList);
+    template <class, class...>
+    friend class InstanceProvider;
+
+    static const ProviderFrame& _frame();
+    Array<CIMInstance> _buildInstances(const CIMObjectPath& instanceReference,
+                                       const InstanceShape& shape);
 
     static CIMInstance buildInstance(const api_set_t* pSet, CIMClass& domainGroupClass,
                                      const String& systemAddress);

@@ -86,14 +86,11 @@ void forEachInstance(const HostList& hosts, const String& nodeAddress, CIMClass&
 }
 
 template <class Handler, class Deliver>
-void enumerate(CIMOMHandle& cimom, const String& nodeAddress, Boolean includeQualifiers,
-               Boolean includeClassOrigin, const CIMPropertyList& propertyList, Handler& handler,
-               Deliver deliver) {
+void enumerate(CIMOMHandle& cimom, const String& nodeAddress, const InstanceShape& shape,
+               Handler& handler, Deliver deliver) {
     const auto hosts = readHosts(CIMObjectPath());
     CIMClass cimClass;
-    if (hosts)
-        cimClass = storedClass(cimom, COLLECTION_CLASS,
-                               {includeQualifiers, includeClassOrigin, propertyList});
+    if (hosts) cimClass = storedClass(cimom, COLLECTION_CLASS, shape);
     handler.processing();
     if (hosts) forEachInstance(*hosts, nodeAddress, cimClass, deliver);
     handler.complete();
@@ -195,48 +192,25 @@ QRV_StorageHardwareIDCollectionProvider::QRV_StorageHardwareIDCollectionProvider
 
 QRV_StorageHardwareIDCollectionProvider::~QRV_StorageHardwareIDCollectionProvider() = default;
 
+const ProviderFrame& QRV_StorageHardwareIDCollectionProvider::_frame() {
+    return FRAME;
+}
+
 void QRV_StorageHardwareIDCollectionProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_StorageHardwareIDCollectionProvider::initialize(cimom)");
     _cimom = cimom;
     _nodeAddress = QRV_Common::getSystemHostName(cimom);
 }
 
-void QRV_StorageHardwareIDCollectionProvider::terminate() {
-    delete this;
-}
-
-void QRV_StorageHardwareIDCollectionProvider::getInstance(const OperationContext& context,
-                                                          const CIMObjectPath& instanceReference,
-                                                          const Boolean includeQualifiers,
-                                                          const Boolean includeClassOrigin,
-                                                          const CIMPropertyList& propertyList,
-                                                          InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageHardwareIDCollectionProvider::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceReference.getClassName());
-    checkKeyCount(FRAME, instanceReference);
-    deliverFound(FRAME,
-                 _buildInstances(context, instanceReference, includeQualifiers, includeClassOrigin,
-                                 propertyList),
-                 handler);
-}
-
-void QRV_StorageHardwareIDCollectionProvider::enumerateInstances(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageHardwareIDCollectionProvider::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
-    enumerate(_cimom, _nodeAddress, includeQualifiers, includeClassOrigin, propertyList, handler,
+void QRV_StorageHardwareIDCollectionProvider::_enumerateInstances(
+    const OperationContext&, const InstanceShape& shape, InstanceResponseHandler& handler) {
+    enumerate(_cimom, _nodeAddress, shape, handler,
               [&](const CIMInstance& instance) { handler.deliver(instance); });
 }
 
-void QRV_StorageHardwareIDCollectionProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageHardwareIDCollectionProvider::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
-    enumerate(_cimom, _nodeAddress, false, false, CIMPropertyList(Array<CIMName>()), handler,
+void QRV_StorageHardwareIDCollectionProvider::_enumerateInstanceNames(
+    const OperationContext&, ObjectPathResponseHandler& handler) {
+    enumerate(_cimom, _nodeAddress, {}, handler,
               [&](const CIMInstance& instance) { handler.deliver(instance.getPath()); });
 }
 
@@ -256,13 +230,6 @@ void QRV_StorageHardwareIDCollectionProvider::modifyInstance(const OperationCont
     if (change.persona != 0) setPersona(event, hostName, change.persona);
     if (change.domain.size() > 0) setDomain(event, hostName, change.domain);
     handler.complete();
-}
-
-void QRV_StorageHardwareIDCollectionProvider::createInstance(const OperationContext&,
-                                                             const CIMObjectPath&,
-                                                             const CIMInstance&,
-                                                             ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
 }
 
 void QRV_StorageHardwareIDCollectionProvider::deleteInstance(const OperationContext& context,
@@ -288,14 +255,12 @@ void QRV_StorageHardwareIDCollectionProvider::deleteInstance(const OperationCont
 }
 
 Array<CIMInstance> QRV_StorageHardwareIDCollectionProvider::_buildInstances(
-    const OperationContext&, const CIMObjectPath& instanceReference, Boolean includeQualifiers,
-    Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const CIMObjectPath& instanceReference, const InstanceShape& shape) {
     const OperationTrace trace("QRV_StorageHardwareIDCollectionProvider::_buildInstances()");
     Array<CIMInstance> instances;
     const auto hosts = readHosts(instanceReference);
     if (!hosts) return instances;
-    CIMClass cimClass = storedClass(_cimom, COLLECTION_CLASS,
-                                    {includeQualifiers, includeClassOrigin, propertyList});
+    CIMClass cimClass = storedClass(_cimom, COLLECTION_CLASS, shape);
     forEachInstance(*hosts, _nodeAddress, cimClass,
                     [&](const CIMInstance& instance) { instances.append(instance); });
     return instances;

@@ -2,15 +2,14 @@
 // hosts.
 #pragma once
 
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
-#include <qrvapi.h>
+#include "../QRV_InstanceProvider.h"
 
 namespace Pegasus {
 
 /// Instance provider of QRV_StorageHardwareIDCollection. Operations may run at once on any number
 /// of threads.
-class QRV_StorageHardwareIDCollectionProvider : public CIMInstanceProvider {
+class QRV_StorageHardwareIDCollectionProvider
+    : public InstanceProvider<QRV_StorageHardwareIDCollectionProvider> {
   public:
     QRV_StorageHardwareIDCollectionProvider();
 
@@ -21,31 +20,12 @@ class QRV_StorageHardwareIDCollectionProvider : public CIMInstanceProvider {
 
     void initialize(CIMOMHandle& cimom) override;
 
-    /// Destroys the provider.
-    void terminate() override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
-
     /// Sets the host's persona (HostPersonaID) and then its domain (Domain; an empty one takes the
     /// host out of its domain). Nothing else can be set. The persona stands even if the domain is
     /// refused.
     void modifyInstance(const OperationContext& context, const CIMObjectPath& objectRef,
                         const CIMInstance& instanceObject, const Boolean includeQualifiers,
                         const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
-                        const CIMInstance& instanceObject,
-                        ObjectPathResponseHandler& handler) override;
 
     /// Removes the host from the array.
     void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceReference,
@@ -55,10 +35,16 @@ class QRV_StorageHardwareIDCollectionProvider : public CIMInstanceProvider {
     PEGASUS_EXPORT static CIMObjectPath buildInstanceName(String nodeAddress, String instanceID);
 
   private:
-    Array<CIMInstance> _buildInstances(const OperationContext& context,
-                                       const CIMObjectPath& instanceReference,
-                                       Boolean includeQualifiers, Boolean includeClassOrigin,
-                                       const CIMPropertyList& propertyList);
+    template <class, class...>
+    friend class InstanceProvider;
+
+    static const ProviderFrame& _frame();
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler);
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler);
+    Array<CIMInstance> _buildInstances(const CIMObjectPath& instanceReference,
+                                       const InstanceShape& shape);
 
     CIMOMHandle _cimom;
     String _nodeAddress;

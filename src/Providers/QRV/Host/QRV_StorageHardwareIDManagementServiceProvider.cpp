@@ -33,6 +33,10 @@ QRV_StorageHardwareIDManagementServiceProvider::QRV_StorageHardwareIDManagementS
 QRV_StorageHardwareIDManagementServiceProvider::~QRV_StorageHardwareIDManagementServiceProvider() =
     default;
 
+const ProviderFrame& QRV_StorageHardwareIDManagementServiceProvider::_frame() {
+    return FRAME;
+}
+
 void QRV_StorageHardwareIDManagementServiceProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_StorageHardwareIDManagementServiceProvider::initialize(cimom)");
     _cimom = cimom;
@@ -40,68 +44,16 @@ void QRV_StorageHardwareIDManagementServiceProvider::initialize(CIMOMHandle& cim
     _buildInstanceName();
 }
 
-void QRV_StorageHardwareIDManagementServiceProvider::terminate() {
-    delete this;
+Array<CIMInstance> QRV_StorageHardwareIDManagementServiceProvider::_buildInstances(
+    const CIMObjectPath& path, const InstanceShape& shape) {
+    if (!path.getClassName().isNull()) _requireThisService(path);
+    return Array<CIMInstance>(1, _buildInstance(shape));
 }
 
-void QRV_StorageHardwareIDManagementServiceProvider::getInstance(
-    const OperationContext& context, const CIMObjectPath& instanceName,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageHardwareIDManagementServiceProvider::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceName.getClassName());
-    checkKeyCount(FRAME, instanceName);
-    _requireThisService(instanceName);
-    const CIMInstance instance =
-        _buildInstance(includeQualifiers, includeClassOrigin, propertyList);
-    handler.processing();
-    handler.deliver(instance);
-    handler.complete();
-}
-
-void QRV_StorageHardwareIDManagementServiceProvider::enumerateInstances(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    const Boolean includeQualifiers, const Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList, InstanceResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_StorageHardwareIDManagementServiceProvider::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
-    const CIMInstance instance =
-        _buildInstance(includeQualifiers, includeClassOrigin, propertyList);
-    handler.processing();
-    handler.deliver(instance);
-    handler.complete();
-}
-
-void QRV_StorageHardwareIDManagementServiceProvider::enumerateInstanceNames(
-    const OperationContext& context, const CIMObjectPath& classReference,
-    ObjectPathResponseHandler& handler) {
-    const OperationTrace trace(
-        "QRV_StorageHardwareIDManagementServiceProvider::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
-    handler.processing();
-    handler.deliver(_instanceName);
-    handler.complete();
-}
-
-void QRV_StorageHardwareIDManagementServiceProvider::modifyInstance(
-    const OperationContext&, const CIMObjectPath&, const CIMInstance&, const Boolean,
-    const CIMPropertyList&, ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_StorageHardwareIDManagementServiceProvider::createInstance(const OperationContext&,
-                                                                    const CIMObjectPath&,
-                                                                    const CIMInstance&,
-                                                                    ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_StorageHardwareIDManagementServiceProvider::deleteInstance(const OperationContext&,
-                                                                    const CIMObjectPath&,
-                                                                    ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
+/// Nothing is read from the array for it.
+void QRV_StorageHardwareIDManagementServiceProvider::_enumerateInstanceNames(
+    const OperationContext&, ObjectPathResponseHandler& handler) {
+    deliverPaths(Array<CIMObjectPath>(1, _instanceName), handler);
 }
 
 void QRV_StorageHardwareIDManagementServiceProvider::invokeMethod(
@@ -154,10 +106,9 @@ void QRV_StorageHardwareIDManagementServiceProvider::_buildInstanceName() {
 }
 
 CIMInstance QRV_StorageHardwareIDManagementServiceProvider::_buildInstance(
-    Boolean includeQualifiers, Boolean includeClassOrigin, const CIMPropertyList& propertyList) {
+    const InstanceShape& shape) {
     const ServiceOwner owner = readServiceOwner();
-    CIMClass serviceClass =
-        storedClass(_cimom, SERVICE_CLASS, {includeQualifiers, includeClassOrigin, propertyList});
+    CIMClass serviceClass = storedClass(_cimom, SERVICE_CLASS, shape);
     CIMInstance instance = QRV_Common::buildInstanceSkeleton(serviceClass);
     describeService(instance, {SERVICE_CLASS, _systemName, _name}, owner);
     instance.setPath(_instanceName);

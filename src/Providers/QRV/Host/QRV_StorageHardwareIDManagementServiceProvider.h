@@ -1,10 +1,11 @@
 // The service through which clients change the array's hosts.
 #pragma once
 
-#include <Pegasus/Provider/CIMInstanceProvider.h>
 #include <Pegasus/Provider/CIMMethodProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
+
 #include <qrvapi.h>
+
+#include "../QRV_InstanceProvider.h"
 
 namespace Pegasus {
 
@@ -14,8 +15,8 @@ namespace Pegasus {
 /// A method either delivers the return value 0 or throws a CIMException that carries the method's
 /// own return code and the reason. A method that throws has changed nothing, unless it says
 /// otherwise.
-class QRV_StorageHardwareIDManagementServiceProvider : public CIMInstanceProvider,
-                                                       public CIMMethodProvider {
+class QRV_StorageHardwareIDManagementServiceProvider
+    : public InstanceProvider<QRV_StorageHardwareIDManagementServiceProvider, CIMMethodProvider> {
   public:
     QRV_StorageHardwareIDManagementServiceProvider();
 
@@ -26,36 +27,20 @@ class QRV_StorageHardwareIDManagementServiceProvider : public CIMInstanceProvide
 
     void initialize(CIMOMHandle& cimom) override;
 
-    /// Destroys the provider.
-    void terminate() override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
-    void modifyInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, const Boolean includeQualifiers,
-                        const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, ObjectPathResponseHandler& handler) override;
-    void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        ResponseHandler& handler) override;
-
     void invokeMethod(const OperationContext& context, const CIMObjectPath& objectRef,
                       const CIMName& methodName, const Array<CIMParamValue>& inParameters,
                       MethodResultResponseHandler& handler) override;
 
   private:
+    template <class, class...>
+    friend class InstanceProvider;
+
+    static const ProviderFrame& _frame();
+    Array<CIMInstance> _buildInstances(const CIMObjectPath& path, const InstanceShape& shape);
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler);
     void _buildInstanceName();
-    CIMInstance _buildInstance(Boolean includeQualifiers, Boolean includeClassOrigin,
-                               const CIMPropertyList& propertyList);
+    CIMInstance _buildInstance(const InstanceShape& shape);
     void _requireThisService(const CIMObjectPath& path) const;
     void _dispatch(api_evtparam_t* apiEventp, const OperationContext& context,
                    const CIMName& methodName, const Array<CIMParamValue>& inParameters,

@@ -180,6 +180,10 @@ QRV_StorageHardwareIDProvider::QRV_StorageHardwareIDProvider(const CIMObjectPath
 
 QRV_StorageHardwareIDProvider::~QRV_StorageHardwareIDProvider() = default;
 
+const ProviderFrame& QRV_StorageHardwareIDProvider::_frame() {
+    return FRAME;
+}
+
 void QRV_StorageHardwareIDProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_StorageHardwareIDProvider::initialize(cimom)");
     _stringHashTable = nullptr;
@@ -193,65 +197,22 @@ void QRV_StorageHardwareIDProvider::terminate() {
     delete this;
 }
 
-void QRV_StorageHardwareIDProvider::getInstance(const OperationContext& context,
-                                                const CIMObjectPath& instanceName,
-                                                const Boolean includeQualifiers,
-                                                const Boolean includeClassOrigin,
-                                                const CIMPropertyList& propertyList,
-                                                InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageHardwareIDProvider::getInstance()");
-    openArray(FRAME, context);
-    checkClass(FRAME, instanceName.getClassName());
-    checkKeyCount(FRAME, instanceName);
-    deliverFound(FRAME,
-                 _buildInstances(instanceName, includeQualifiers, includeClassOrigin, propertyList),
-                 handler);
+void QRV_StorageHardwareIDProvider::_enumerateInstances(const OperationContext&,
+                                                        const InstanceShape& shape,
+                                                        InstanceResponseHandler& handler) {
+    _enumerate(shape, handler, [&](const CIMInstance& instance) { handler.deliver(instance); });
 }
 
-void QRV_StorageHardwareIDProvider::enumerateInstances(const OperationContext& context,
-                                                       const CIMObjectPath& classReference,
-                                                       const Boolean includeQualifiers,
-                                                       const Boolean includeClassOrigin,
-                                                       const CIMPropertyList& propertyList,
-                                                       InstanceResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageHardwareIDProvider::enumerateInstances()");
-    beginEnumeration(FRAME, context, classReference);
-    _enumerate(includeQualifiers, includeClassOrigin, propertyList, handler,
-               [&](const CIMInstance& instance) { handler.deliver(instance); });
-}
-
-void QRV_StorageHardwareIDProvider::enumerateInstanceNames(const OperationContext& context,
-                                                           const CIMObjectPath& classReference,
-                                                           ObjectPathResponseHandler& handler) {
-    const OperationTrace trace("QRV_StorageHardwareIDProvider::enumerateInstanceNames()");
-    beginEnumeration(FRAME, context, classReference);
-    _enumerate(false, false, CIMPropertyList(Array<CIMName>()), handler,
+void QRV_StorageHardwareIDProvider::_enumerateInstanceNames(const OperationContext&,
+                                                            ObjectPathResponseHandler& handler) {
+    _enumerate({}, handler,
                [&](const CIMInstance& instance) { handler.deliver(instance.getPath()); });
 }
 
-void QRV_StorageHardwareIDProvider::modifyInstance(const OperationContext&, const CIMObjectPath&,
-                                                   const CIMInstance&, const Boolean,
-                                                   const CIMPropertyList&, ResponseHandler&) {
-    refuse(FRAME, "modifyInstance");
-}
-
-void QRV_StorageHardwareIDProvider::createInstance(const OperationContext&, const CIMObjectPath&,
-                                                   const CIMInstance&, ObjectPathResponseHandler&) {
-    refuse(FRAME, "createInstance");
-}
-
-void QRV_StorageHardwareIDProvider::deleteInstance(const OperationContext&, const CIMObjectPath&,
-                                                   ResponseHandler&) {
-    refuse(FRAME, "deleteInstance");
-}
-
 template <class Handler, class Deliver>
-void QRV_StorageHardwareIDProvider::_enumerate(Boolean includeQualifiers,
-                                               Boolean includeClassOrigin,
-                                               const CIMPropertyList& propertyList,
-                                               Handler& handler, Deliver deliver) {
-    CIMClass cimClass = storedClass(_cimom, HARDWARE_ID_CLASS,
-                                    {includeQualifiers, includeClassOrigin, propertyList});
+void QRV_StorageHardwareIDProvider::_enumerate(const InstanceShape& shape, Handler& handler,
+                                               Deliver deliver) {
+    CIMClass cimClass = storedClass(_cimom, HARDWARE_ID_CLASS, shape);
     const Selection selection = _select(CIMObjectPath());
     handler.processing();
     selection.forEachInstance(_nodeAddress, cimClass, [&](const CIMInstance& instance) {
@@ -261,12 +222,10 @@ void QRV_StorageHardwareIDProvider::_enumerate(Boolean includeQualifiers,
     handler.complete();
 }
 
-Array<CIMInstance> QRV_StorageHardwareIDProvider::_buildInstances(
-    const CIMObjectPath& path, Boolean includeQualifiers, Boolean includeClassOrigin,
-    const CIMPropertyList& propertyList) {
+Array<CIMInstance> QRV_StorageHardwareIDProvider::_buildInstances(const CIMObjectPath& path,
+                                                                  const InstanceShape& shape) {
     const OperationTrace trace("QRV_StorageHardwareIDProvider::_buildInstances()");
-    CIMClass cimClass = storedClass(_cimom, HARDWARE_ID_CLASS,
-                                    {includeQualifiers, includeClassOrigin, propertyList});
+    CIMClass cimClass = storedClass(_cimom, HARDWARE_ID_CLASS, shape);
     Array<CIMInstance> instances;
     _select(path).forEachInstance(_nodeAddress, cimClass, [&](const CIMInstance& instance) {
         instances.append(instance);

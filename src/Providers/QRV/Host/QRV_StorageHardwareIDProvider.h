@@ -1,14 +1,12 @@
 // Shows each initiator that the array knows as one read-only QRV_StorageHardwareID.
 #pragma once
 
-#include <Pegasus/Provider/CIMInstanceProvider.h>
-#include <Pegasus/Provider/CIMOMHandle.h>
-#include <qrvapi.h>
+#include "../QRV_InstanceProvider.h"
 
 namespace Pegasus {
 
 /// Instance provider of QRV_StorageHardwareID. Operations may run at once on any number of threads.
-class QRV_StorageHardwareIDProvider : public CIMInstanceProvider {
+class QRV_StorageHardwareIDProvider : public InstanceProvider<QRV_StorageHardwareIDProvider> {
   public:
     QRV_StorageHardwareIDProvider();
 
@@ -19,27 +17,7 @@ class QRV_StorageHardwareIDProvider : public CIMInstanceProvider {
 
     void initialize(CIMOMHandle& cimom) override;
 
-    /// Destroys the provider.
     void terminate() override;
-
-    void getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                     const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                     const CIMPropertyList& propertyList,
-                     InstanceResponseHandler& handler) override;
-    void enumerateInstances(const OperationContext& context, const CIMObjectPath& classReference,
-                            const Boolean includeQualifiers, const Boolean includeClassOrigin,
-                            const CIMPropertyList& propertyList,
-                            InstanceResponseHandler& handler) override;
-    void enumerateInstanceNames(const OperationContext& context,
-                                const CIMObjectPath& classReference,
-                                ObjectPathResponseHandler& handler) override;
-    void modifyInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, const Boolean includeQualifiers,
-                        const CIMPropertyList& propertyList, ResponseHandler& handler) override;
-    void createInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        const CIMInstance& instance, ObjectPathResponseHandler& handler) override;
-    void deleteInstance(const OperationContext& context, const CIMObjectPath& instanceName,
-                        ResponseHandler& handler) override;
 
     /// The object path of the hardware ID with this InstanceID.
     PEGASUS_EXPORT static CIMObjectPath buildInstanceName(String nodeAddress, String instanceID);
@@ -67,16 +45,21 @@ class QRV_StorageHardwareIDProvider : public CIMInstanceProvider {
                                                            unsigned int pathCount);
 
   private:
+    template <class, class...>
+    friend class InstanceProvider;
+
+    static const ProviderFrame& _frame();
+    void _enumerateInstances(const OperationContext& context, const InstanceShape& shape,
+                             InstanceResponseHandler& handler);
+    void _enumerateInstanceNames(const OperationContext& context,
+                                 ObjectPathResponseHandler& handler);
     class Selection;
 
     Selection _select(const CIMObjectPath& path) const;
     void _chooseOnce(Selection& selection, const String& wanted) const;
-    Array<CIMInstance> _buildInstances(const CIMObjectPath& path, Boolean includeQualifiers,
-                                       Boolean includeClassOrigin,
-                                       const CIMPropertyList& propertyList);
+    Array<CIMInstance> _buildInstances(const CIMObjectPath& path, const InstanceShape& shape);
     template <class Handler, class Deliver>
-    void _enumerate(Boolean includeQualifiers, Boolean includeClassOrigin,
-                    const CIMPropertyList& propertyList, Handler& handler, Deliver deliver);
+    void _enumerate(const InstanceShape& shape, Handler& handler, Deliver deliver);
 
     CIMOMHandle _cimom;
     String _nodeAddress;

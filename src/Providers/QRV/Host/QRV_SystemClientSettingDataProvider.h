@@ -16,7 +16,10 @@ class QRV_SystemClientSettingDataProvider
     void initialize(CIMOMHandle& cimom) override;
 
   private:
-    friend class AssociationProvider<QRV_SystemClientSettingDataProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class HostedAssociationProvider<QRV_SystemClientSettingDataProvider>;
 
     static const HostedAssociationKind& _kind();

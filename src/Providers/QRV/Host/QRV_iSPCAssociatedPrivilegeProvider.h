@@ -19,7 +19,10 @@ class QRV_iSPCAssociatedPrivilegeProvider
     void terminate() override;
 
   private:
-    friend class AssociationProvider<QRV_iSPCAssociatedPrivilegeProvider>;
+    template <class, class...>
+    friend class InstanceProvider;
+    template <class>
+    friend class AssociationProvider;
     friend class AssociatedPrivilegeProvider<QRV_iSPCAssociatedPrivilegeProvider>;
 
     static const AssociatedPrivilegeKind& _kind();
