@@ -1,7 +1,7 @@
 #include "cimxml/ObjectEncoder.h"
 
 #include "cimxml/Text.h"
-#include "cimxml/TypeDispatch.h"
+#include "model/TypeDispatch.h"
 
 #include <Pegasus/Common/CIMFlavor.h>
 #include <Pegasus/Common/CIMMethod.h>

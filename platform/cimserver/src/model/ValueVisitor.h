@@ -2,16 +2,10 @@
 #pragma once
 
 #include "model/Access.h"
+#include "model/TypeDispatch.h"
 
 #include <Pegasus/Common/Array.h>
-#include <Pegasus/Common/CIMDateTime.h>
-#include <Pegasus/Common/CIMInstance.h>
-#include <Pegasus/Common/CIMObject.h>
-#include <Pegasus/Common/CIMObjectPath.h>
-#include <Pegasus/Common/CIMType.h>
 #include <Pegasus/Common/CIMValue.h>
-
-#include <stdexcept>
 
 namespace cimserver {
 
@@ -70,44 +64,9 @@ decltype(auto) visitAs(const Pegasus::CIMValue& value, Visitor&& visitor) {
 /// own `T`. The value must not be null. The visitor returns the same type for each.
 template <class Visitor>
 decltype(auto) visit(const Pegasus::CIMValue& value, Visitor&& visitor) {
-    using namespace Pegasus;
-    switch (value.getType()) {
-        case CIMTYPE_BOOLEAN:
-            return visitAs<Boolean>(value, visitor);
-        case CIMTYPE_UINT8:
-            return visitAs<Uint8>(value, visitor);
-        case CIMTYPE_SINT8:
-            return visitAs<Sint8>(value, visitor);
-        case CIMTYPE_UINT16:
-            return visitAs<Uint16>(value, visitor);
-        case CIMTYPE_SINT16:
-            return visitAs<Sint16>(value, visitor);
-        case CIMTYPE_UINT32:
-            return visitAs<Uint32>(value, visitor);
-        case CIMTYPE_SINT32:
-            return visitAs<Sint32>(value, visitor);
-        case CIMTYPE_UINT64:
-            return visitAs<Uint64>(value, visitor);
-        case CIMTYPE_SINT64:
-            return visitAs<Sint64>(value, visitor);
-        case CIMTYPE_REAL32:
-            return visitAs<Real32>(value, visitor);
-        case CIMTYPE_REAL64:
-            return visitAs<Real64>(value, visitor);
-        case CIMTYPE_CHAR16:
-            return visitAs<Char16>(value, visitor);
-        case CIMTYPE_STRING:
-            return visitAs<String>(value, visitor);
-        case CIMTYPE_DATETIME:
-            return visitAs<CIMDateTime>(value, visitor);
-        case CIMTYPE_REFERENCE:
-            return visitAs<CIMObjectPath>(value, visitor);
-        case CIMTYPE_OBJECT:
-            return visitAs<CIMObject>(value, visitor);
-        case CIMTYPE_INSTANCE:
-            return visitAs<CIMInstance>(value, visitor);
-    }
-    throw std::logic_error("A CIM value of no CIM type holds something.");
+    return withType(value.getType(), [&](auto tag) -> decltype(auto) {
+        return visitAs<typename decltype(tag)::Type>(value, visitor);
+    });
 }
 
 }  // namespace cimserver

@@ -18,7 +18,7 @@ struct TypeTag {
 
 /// Calls `visit` with the TypeTag of the C++ type that holds values of this CIM type.
 template <class Visitor>
-auto withType(Pegasus::CIMType type, Visitor&& visit) {
+decltype(auto) withType(Pegasus::CIMType type, Visitor&& visit) {
     switch (type) {
         case Pegasus::CIMTYPE_BOOLEAN:
             return visit(TypeTag<Pegasus::Boolean>{});
