@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdio>
 #include <functional>
 
 namespace qrvapi {
@@ -63,8 +62,10 @@ std::optional<qrv_u64> parseWwn(std::string_view text) {
 }
 
 std::string wwnText(qrv_u64 wwn) {
-    char text[17];
-    std::snprintf(text, sizeof text, "%016llX", wwn);
+    std::string text(16, '0');
+    for (auto digit = text.rbegin(); digit != text.rend(); ++digit, wwn >>= 4) {
+        *digit = "0123456789ABCDEF"[wwn & 0xF];
+    }
     return text;
 }
 
@@ -80,10 +81,8 @@ std::optional<lpid_t> parsePortId(std::string_view text) {
 std::string portIdText(lpid_t port) {
     if (port == QRV_NO_PORT) return "none";
     const unsigned slots = port / (lastPort + 1);
-    char text[24];
-    std::snprintf(text, sizeof text, "%u:%u:%u", slots / (lastSlot + 1), slots % (lastSlot + 1),
-                  port % (lastPort + 1));
-    return text;
+    return std::to_string(slots / (lastSlot + 1)) + ':' + std::to_string(slots % (lastSlot + 1)) +
+           ':' + std::to_string(port % (lastPort + 1));
 }
 
 std::optional<qrv_u32> parseIpv4(const std::string& text) {
