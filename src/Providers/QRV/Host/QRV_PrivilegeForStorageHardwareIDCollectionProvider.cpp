@@ -92,22 +92,6 @@ void QRV_PrivilegeForStorageHardwareIDCollectionProvider::terminate() {
     delete this;
 }
 
-/// The answer begins before the array is asked.
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::_referenceNames(
-    const OperationContext& context, const AssociationRequest& request,
-    ObjectPathResponseHandler& handler) {
-    handler.processing();
-    const Array<CIMInstance> found = _buildAssociationInstances(request.objectName, context, {});
-    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
-    handler.complete();
-}
-
-CIMInstance QRV_PrivilegeForStorageHardwareIDCollectionProvider::_build(
-    CIMClass& cimClass, const CIMObjectPath& privilege, const CIMObjectPath& element) const {
-    return QRV_Common::buildAssocInstance(ASSOCIATION, "Privilege", "PrivilegedElement", privilege,
-                                          element, cimClass, _nodeAddress, "root/qrv");
-}
-
 CIMObjectPath QRV_PrivilegeForStorageHardwareIDCollectionProvider::_collectionPath(
     const String& hostName) const {
     return QRV_StorageHardwareIDCollectionProvider::buildInstanceName(
@@ -142,11 +126,7 @@ void QRV_PrivilegeForStorageHardwareIDCollectionProvider::_associationsOf(
             found.append(_build(cimClass, privilege, element));
         return;
     }
-    const Array<CIMObjectPath> related = _getRelatedInstanceNames(objectName, context);
-    for (Uint32 i = 0; i < related.size(); ++i) {
-        if (source.equal(PRIVILEGE)) found.append(_build(cimClass, objectName, related[i]));
-        if (source.equal(COLLECTION)) found.append(_build(cimClass, related[i], objectName));
-    }
+    _link(found, cimClass, objectName, COLLECTION, _getRelatedInstanceNames(objectName, context));
 }
 
 /// The collections aren't fetched: the host of a VLUN is taken to exist.

@@ -1,7 +1,7 @@
 // Links each right to the host whose initiator holds it.
 #pragma once
 
-#include "../QRV_AssociationProvider.h"
+#include "QRV_PrivilegedElement.h"
 
 namespace Pegasus {
 
@@ -9,7 +9,7 @@ namespace Pegasus {
 /// each QRV_AuthorizedPrivilege to the QRV_StorageHardwareIDCollection of its initiator's host. The
 /// host is found from the VLUNs behind the privilege's controller.
 class QRV_PrivilegeForStorageHardwareIDCollectionProvider
-    : public AssociationProvider<QRV_PrivilegeForStorageHardwareIDCollectionProvider> {
+    : public PrivilegedElementProvider<QRV_PrivilegeForStorageHardwareIDCollectionProvider> {
   public:
     QRV_PrivilegeForStorageHardwareIDCollectionProvider();
     ~QRV_PrivilegeForStorageHardwareIDCollectionProvider() override;
@@ -22,13 +22,12 @@ class QRV_PrivilegeForStorageHardwareIDCollectionProvider
     friend class InstanceProvider;
     template <class>
     friend class AssociationProvider;
+    template <class>
+    friend class PrivilegedElementProvider;
 
     static const ProviderFrame& _frame();
     static const AssociationRules& _rules();
 
-    static constexpr int REFUSAL_LEVEL = 3;
-    void _referenceNames(const OperationContext& context, const AssociationRequest& request,
-                         ObjectPathResponseHandler& handler);
     Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectName,
                                                   const OperationContext& context,
                                                   const InstanceShape& shape);
@@ -37,8 +36,6 @@ class QRV_PrivilegeForStorageHardwareIDCollectionProvider
     Array<CIMInstance> _getRelatedInstances(const CIMObjectPath& objectName,
                                             const OperationContext& context,
                                             const InstanceShape& shape);
-    CIMInstance _build(CIMClass& cimClass, const CIMObjectPath& privilege,
-                       const CIMObjectPath& element) const;
     void _associationsOf(Array<CIMInstance>& found, const CIMObjectPath& objectName,
                          const OperationContext& context, const InstanceShape& shape);
     Array<CIMInstance> _privilegesOf(const CIMObjectPath& collection, const InstanceShape& shape);

@@ -73,34 +73,13 @@ void QRV_PrivilegeForStorageHardwareIDProvider::terminate() {
     delete this;
 }
 
-/// The answer begins before the array is asked.
-void QRV_PrivilegeForStorageHardwareIDProvider::_referenceNames(
-    const OperationContext& context, const AssociationRequest& request,
-    ObjectPathResponseHandler& handler) {
-    handler.processing();
-    const Array<CIMInstance> found = _buildAssociationInstances(request.objectName, context, {});
-    for (Uint32 i = 0; i < found.size(); ++i) handler.deliver(found[i].getPath());
-    handler.complete();
-}
-
-CIMInstance QRV_PrivilegeForStorageHardwareIDProvider::_build(CIMClass& cimClass,
-                                                              const CIMObjectPath& privilege,
-                                                              const CIMObjectPath& element) const {
-    return QRV_Common::buildAssocInstance(ASSOCIATION, "Privilege", "PrivilegedElement", privilege,
-                                          element, cimClass, _nodeAddress, "root/qrv");
-}
-
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_buildAssociationInstances(
     const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
     CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
     const CIMName& source = objectName.getClassName();
     if (source.equal(ASSOCIATION)) return _proven(cimClass, objectName, context);
-    const Array<CIMObjectPath> related = _getRelatedInstanceNames(objectName, context);
     Array<CIMInstance> found;
-    for (Uint32 i = 0; i < related.size(); ++i) {
-        if (source.equal(PRIVILEGE)) found.append(_build(cimClass, objectName, related[i]));
-        if (source.equal(HARDWARE_ID)) found.append(_build(cimClass, related[i], objectName));
-    }
+    _link(found, cimClass, objectName, HARDWARE_ID, _getRelatedInstanceNames(objectName, context));
     return found;
 }
 

@@ -1,7 +1,7 @@
 // Links each right to the initiator that holds it.
 #pragma once
 
-#include "../QRV_AssociationProvider.h"
+#include "QRV_PrivilegedElement.h"
 
 namespace Pegasus {
 
@@ -9,7 +9,7 @@ namespace Pegasus {
 /// QRV_AuthorizedPrivilege to the QRV_StorageHardwareID that it is for. The privilege's InstanceID
 /// names the hardware ID; the way back walks the VLUNs of the initiator's host.
 class QRV_PrivilegeForStorageHardwareIDProvider
-    : public AssociationProvider<QRV_PrivilegeForStorageHardwareIDProvider> {
+    : public PrivilegedElementProvider<QRV_PrivilegeForStorageHardwareIDProvider> {
   public:
     QRV_PrivilegeForStorageHardwareIDProvider();
     ~QRV_PrivilegeForStorageHardwareIDProvider() override;
@@ -22,13 +22,12 @@ class QRV_PrivilegeForStorageHardwareIDProvider
     friend class InstanceProvider;
     template <class>
     friend class AssociationProvider;
+    template <class>
+    friend class PrivilegedElementProvider;
 
     static const ProviderFrame& _frame();
     static const AssociationRules& _rules();
 
-    static constexpr int REFUSAL_LEVEL = 3;
-    void _referenceNames(const OperationContext& context, const AssociationRequest& request,
-                         ObjectPathResponseHandler& handler);
     Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectName,
                                                   const OperationContext& context,
                                                   const InstanceShape& shape);
@@ -37,8 +36,6 @@ class QRV_PrivilegeForStorageHardwareIDProvider
     Array<CIMInstance> _getRelatedInstances(const CIMObjectPath& objectName,
                                             const OperationContext& context,
                                             const InstanceShape& shape);
-    CIMInstance _build(CIMClass& cimClass, const CIMObjectPath& privilege,
-                       const CIMObjectPath& element) const;
     Array<CIMInstance> _proven(CIMClass& cimClass, const CIMObjectPath& association,
                                const OperationContext& context);
     Array<CIMInstance> _privilegesOf(const CIMObjectPath& hardwareID, const InstanceShape& shape);
