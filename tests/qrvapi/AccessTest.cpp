@@ -59,4 +59,27 @@ TEST_F(AccessTest, PasswordsMustMatchWhole) {
     EXPECT_FALSE(control::authenticate("nobody", ""));
 }
 
+TEST_F(AccessTest, PasswordsMayBeHashed) {
+    const std::pair<const char*, const char*> hashes[] = {
+        {"yescrypt", "$y$j75$abcdefgh$uMUXG79B2cFpoAYyDccUnsaH/aGTyBYMlnQidzyag01"},
+        {"sha512",
+         "$6$rounds=1000$abcdefgh$"
+         "nhYjN017qxiYztzyUpZtPnUQcnLy62KsunSLHNeLahp2EHPlAKmFFlrjEwSXGo2kgY5hR2.peKEg2VGUqIJJu1"},
+    };
+    for (const auto& [user, hash] : hashes) {
+        control::addUser(R"({"name": ")" + std::string(user) +
+                         R"(", "rights": "read", "password": ")" + hash + "\"}");
+        EXPECT_TRUE(control::authenticate(user, "secret")) << user;
+        for (const std::string& wrong :
+             {std::string(hash), std::string("secret\0", 7), std::string("secre")})
+            EXPECT_FALSE(control::authenticate(user, wrong)) << wrong;
+    }
+}
+
+TEST_F(AccessTest, ReplacingTheArrayIsSeen) {
+    const auto before = control::arraysSoFar();
+    control::reset();
+    EXPECT_NE(control::arraysSoFar(), before);
+}
+
 }  // namespace

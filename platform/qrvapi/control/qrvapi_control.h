@@ -80,8 +80,11 @@ bool acceptsChap(const std::string& hostName, ChapSide side, std::string_view na
                  std::string_view secret);
 
 /// Whether the array knows `user` with this password. Takes as long for a wrong one as for the
-/// right one.
+/// right one, and with hashed passwords as long as their method wants.
 bool authenticate(const std::string& user, const std::string& password);
+
+/// A number that is another one whenever a scenario has replaced the array, and with it its users.
+std::uint64_t arraysSoFar();
 
 // ---- Log ----------------------------------------------------------------------------------------
 

@@ -29,7 +29,7 @@ enum class Rights { none, read, all };
 
 struct User {
     std::string name;
-    std::string password;
+    std::string password;  // or its hash
     Rights rights = Rights::none;
 };
 
@@ -137,6 +137,10 @@ class Model {
     const api_SystemFacts_t& facts() const { return facts_; }
     const std::string& serverUser() const { return serverUser_; }
     const User* findUser(const std::string& name) const;
+    /// What one of the users has for a password; empty without users.
+    std::string somePassword() const {
+        return users_.empty() ? std::string() : users_.begin()->second.password;
+    }
     const std::map<lpid_t, Port>& ports() const { return ports_; }
     const std::map<unsigned, Persona>& personas() const { return personas_; }
     const std::map<qrv_u32, DomainSet>& domainSets() const { return domainSets_; }

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "Password.h"
 #include "ScenarioFields.h"
 #include "qrvapi_control.h"
 
@@ -127,6 +128,14 @@ std::string fileContent(const std::string& path) {
     return content;
 }
 
+std::string readPassword(const JsonValue& value) {
+    auto password = value.text(256);
+    if (isHash(password) && !isUsableHash(password)) {
+        value.fail("begins with \"$\", but is not a whole crypt(5) hash of a safe method");
+    }
+    return password;
+}
+
 }  // namespace
 
 void readSystem(const JsonValue& value, Model& model) {
@@ -153,7 +162,7 @@ void readSystem(const JsonValue& value, Model& model) {
 
 void readUser(const JsonValue& value, Model& model) {
     value.allowMembers({"name", "password", "rights"});
-    User user{value.member("name").nonEmptyText(nameLength), value.member("password").text(256),
+    User user{value.member("name").nonEmptyText(nameLength), readPassword(value.member("password")),
               choice(value.member("rights"), rightsWords)};
     value.attempt([&] { model.addUser(std::move(user)); });
 }

@@ -53,6 +53,7 @@ void Simulator::findFirst() {
 void Simulator::replace(std::unique_ptr<Model> replacement) {
     std::call_once(first_, [] {});
     model_.write([&](auto& model) { model.swap(replacement); });
+    ++replacements_;
 }
 
 }  // namespace qrvapi

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -28,11 +30,14 @@ class Simulator {
     }
 
     void replace(std::unique_ptr<Model> model);
+    /// How often that has happened.
+    std::uint64_t replacements() const { return replacements_; }
 
   private:
     void findFirst();
 
     std::once_flag first_;
+    std::atomic<std::uint64_t> replacements_{0};
     Guarded<std::unique_ptr<Model>> model_;
 };
 
