@@ -1,11 +1,15 @@
 // HTTP requests and responses as text, without sockets.
 #include "Support.h"
 #include "http/FrameSlot.h"
+#include "http/Gatekeeper.h"
 
 #include <Pegasus/Common/Exception.h>
 #include <gtest/gtest.h>
+#include <boost/asio/executor_work_guard.hpp>
 #include <boost/beast/http/parser.hpp>
 
+#include <atomic>
+#include <new>
 #include <ostream>
 #include <thread>
 
@@ -219,6 +223,80 @@ TEST(CredentialsTest, AreReadOrNot) {
                   c.expected)
             << c.field;
     }
+}
+
+TEST(ThrottleTest, SlowsAddressesAndUsersThatFail) {
+    Throttle throttle{SecretDigest({4, 7, 1, 1})};  // with which none of these share a place
+    const Throttle::Clock::time_point start(std::chrono::hours(1));
+    const auto wait = [&](const char* address, const char* user, int after) {
+        const auto time = throttle.begin(address, user, start + std::chrono::seconds(after));
+        return time ? std::chrono::duration_cast<std::chrono::milliseconds>(*time).count() : -1;
+    };
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(wait("2001:db8::1", "a", 0), 0);
+    EXPECT_EQ(wait("192.0.2.1", "b", 0), 0);
+    EXPECT_EQ(wait("192.0.2.1", "a", 0), 100);  // the user's own pause
+    EXPECT_EQ(wait("2001:db8::2", "c", 0), 0);  // from here on the network waits
+    EXPECT_EQ(wait("2001:db8::3", "d", 0), 100);
+    EXPECT_EQ(wait("2001:db8::3", "e", 0), 300);
+    EXPECT_EQ(wait("2001:db8:0:1::", "f", 0), 0);
+    int waiting = 0;
+    while (wait("2001:db8::4", "g", 0) >= 0) ++waiting;
+    EXPECT_EQ(waiting, 5);  // more would wait longer than ten seconds
+    EXPECT_EQ(wait("192.0.2.1", "g", 0), 200);
+    EXPECT_EQ(wait("2001:db8::4", "h", 600), 0);
+}
+
+TEST(ThrottleTest, ForgivesWhatHasSucceeded) {
+    Throttle throttle;
+    const Throttle::Clock::time_point now(std::chrono::hours(1));
+    for (int i = 0; i < 50; ++i) {
+        EXPECT_EQ(throttle.begin("192.0.2.1", "a", now), Throttle::Clock::duration());
+        throttle.forgive("192.0.2.1", "a");
+    }
+}
+
+class GatekeeperTest : public testing::Test {
+  protected:
+    /// The verdicts on the same credentials, given several times at once.
+    std::string ask(const Credentials& credentials, int times = 1) {
+        std::string verdicts;
+        int open = times;
+        for (int i = 0; i < times; ++i) {
+            gatekeeper.check(credentials, "192.0.2.1", [&](Verdict verdict) {
+                verdicts += "ARB"[static_cast<int>(verdict)];
+                --open;
+            });
+        }
+        io.restart();
+        const auto guard = boost::asio::make_work_guard(io);
+        while (open > 0) io.run_one();
+        return verdicts;
+    }
+
+    std::atomic<int> checks{0};
+    std::uint64_t version = 1;
+    boost::asio::io_context io;
+    Gatekeeper gatekeeper{io,
+                          {[this](const std::string& user, const std::string& password) {
+                               ++checks;
+                               if (user == "broken") throw std::bad_alloc();
+                               return password == "p" + std::to_string(version);
+                           },
+                           [this] { return version; }}};
+};
+
+TEST_F(GatekeeperTest, ChecksOnceWhatIsInUseUntilItMayHaveChanged) {
+    EXPECT_EQ(ask({"u", "p1"}, 3), "AAA");
+    EXPECT_EQ(ask({"u", "p1"}), "A");
+    EXPECT_EQ(checks, 1);
+    EXPECT_EQ(ask({"u", "p2"}, 2), "RR");
+    EXPECT_EQ(ask({"u", "p2"}), "R");
+    EXPECT_EQ(ask({"up", "1"}), "R");
+    EXPECT_EQ(ask({"broken", "p1"}), "R");
+    EXPECT_EQ(checks, 5);
+    version = 2;
+    EXPECT_EQ(ask({"u", "p1"}), "R");
+    EXPECT_EQ(ask({"u", "p2"}), "A");
 }
 
 TEST(FrameSlotTest, HoldsOneFrameAndEndsTheWaitWhenItBreaks) {

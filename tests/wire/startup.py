@@ -38,7 +38,8 @@ class StartupTest(unittest.TestCase):
     def test_it_explains_itself(self):
         self.assertRegex(run("--version").stdout, r"^qrv-cimserver \d+\.\d+\.\d+\n$")
         help_text = run("--help").stdout
-        for option in ("--port", "--listen", "--array", "--schema", "--providers", "--threads"):
+        for option in ("--port", "--listen", "--array", "--schema", "--providers", "--threads",
+                       "--tls-certificate", "--tls-key", "--user", "--insecure"):
             self.assertIn(option, help_text)
 
     def test_wrong_usage(self):
@@ -53,7 +54,7 @@ class StartupTest(unittest.TestCase):
                        "--listen", "127.0.0.1", "--port", port)
 
     def test_an_address_of_another_machine(self):
-        self.fails(1, r"cannot listen on 192\.0\.2\.1", "--listen", "192.0.2.1")
+        self.fails(1, r"cannot listen on 192\.0\.2\.1: Cannot assign", "--listen", "192.0.2.1", "--insecure")
 
     def test_a_broken_scenario(self):
         array = self.folder / "array.json"

@@ -1,7 +1,9 @@
 """What tests of the wire share: a small CIM-XML client and servers to start."""
 import base64
 import http.client
+import re
 import socket
+import ssl
 import subprocess
 import urllib.parse
 import xml.etree.ElementTree as ElementTree
@@ -63,16 +65,23 @@ class Server:
     def __init__(self, url, user, process=None):
         parts = urllib.parse.urlsplit(url)
         self.host, self.port, self.user, self.process = parts.hostname, parts.port, user, process
+        self.tls = ssl._create_unverified_context() if parts.scheme == "https" else None
 
-    def connection(self, timeout=20):
-        return http.client.HTTPConnection(self.host, self.port, timeout=timeout)
+    def connection(self, timeout=20, source=None):
+        """An HTTP connection; `source` is an address of this machine to call from."""
+        origin = (source, 0) if source else None
+        if self.tls:
+            return http.client.HTTPSConnection(self.host, self.port, timeout=timeout, context=self.tls,
+                                               source_address=origin)
+        return http.client.HTTPConnection(self.host, self.port, timeout=timeout, source_address=origin)
 
-    def socket(self, timeout=20):
-        return socket.create_connection((self.host, self.port), timeout)
+    def socket(self, timeout=20, source=None):
+        plain = socket.create_connection((self.host, self.port), timeout, (source, 0) if source else None)
+        return self.tls.wrap_socket(plain, suppress_ragged_eofs=False) if self.tls else plain
 
-    def post(self, body, headers=None, connection=None, user=None):
+    def post(self, body, headers=None, connection=None, user=None, source=None):
         """The response to a message, read whole; its text is in `.text`."""
-        used = connection or self.connection()
+        used = connection or self.connection(source=source)
         try:
             used.request("POST", "/cimom", body.encode(), {
                 **cim_headers(body), **authorization(user or self.user), **(headers or {})})
@@ -90,10 +99,20 @@ class Server:
         return code
 
 
-def start(command, user):
+def start(command, user, **options):
     """Starts a server that tells its URL in the first line of its output."""
-    process = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
+    process = subprocess.Popen(command, stdout=subprocess.PIPE, text=True, **options)
     line = process.stdout.readline()
-    if "http://" not in line:
+    url = re.search(r"https?://\S+", line)
+    if not url:
         raise RuntimeError(f"{command[0]} did not start: {line!r}")
-    return Server(line[line.index("http://"):].strip(), user, process)
+    return Server(url.group(), user, process)
+
+
+def certificate(folder):
+    """The files of a new certificate for this machine and of its key."""
+    files = [str(folder / name) for name in ("certificate.pem", "key.pem")]
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
+                    "-subj", "/CN=localhost", "-addext", "subjectAltName=DNS:localhost,IP:127.0.0.1",
+                    "-out", files[0], "-keyout", files[1]], check=True, capture_output=True)
+    return files

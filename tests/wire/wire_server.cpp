@@ -6,6 +6,7 @@
 #include "cimxml/Utf8.h"
 #include "http/CimService.h"
 #include "http/HttpServer.h"
+#include "http/Tls.h"
 
 #include <Pegasus/Common/CIMProperty.h>
 #include <Pegasus/Common/Exception.h>
@@ -13,6 +14,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <thread>
 
@@ -54,18 +56,24 @@ HttpSettings settings(char** arguments) {
     result.realm = "test";
     result.workers = 4;
     result.maxConnections = 40;
+    result.maxConnectionsPerClient = 30;
+    result.minBytesPerSecond = 2 << 20;
     result.requestTimeout = result.writeTimeout =
         std::chrono::milliseconds(std::atoi(arguments[1]));
-    result.idleTimeout = 4 * result.requestTimeout;
+    result.idleTimeout = 2 * result.requestTimeout;
     result.stopGrace = result.requestTimeout;
     return result;
+}
+
+std::shared_ptr<boost::asio::ssl::context> tls(int argc, char** argv) {
+    return argc == 4 ? makeTlsContext(argv[2], argv[3]) : nullptr;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::cerr << "usage: wire_server TIMEOUT-IN-MILLISECONDS\n";
+    if (argc != 2 && argc != 4) {
+        std::cerr << "usage: wire_server TIMEOUT-IN-MILLISECONDS [CERTIFICATE KEY]\n";
         return 2;
     }
     test::ScriptedServer scripted;
@@ -74,7 +82,7 @@ int main(int argc, char** argv) {
     const auto knows = [](const std::string& user, const std::string& password) {
         return user == "user" && password == "pass";
     };
-    HttpServer server(service, knows, settings(argv));
+    HttpServer server(service, {knows, {}}, settings(argv), tls(argc, argv));
     server.stopOnSignals();
     std::cout << server.listen("127.0.0.1", 0).front() << std::endl;
     if (server.run()) return 0;

@@ -17,12 +17,20 @@ namespace {
 
 using CreateProvider = CIMProvider*(const String&);
 
+constexpr int kOpenMode = RTLD_NOW | RTLD_LOCAL;
+
+// A library that this process has opened stays usable when the process may no longer read its file.
+bool isOpen(const std::string& file) {
+    void* const handle = dlopen(file.c_str(), kOpenMode | RTLD_NOLOAD);
+    return handle && dlclose(handle) == 0;
+}
+
 std::string locate(const std::string& directory, const ProviderId& id) {
     const std::string name = "lib" + id.location + ".so";
     for (const char* version : {"", ".1"}) {
         const auto file = std::filesystem::path(directory) / (name + version);
         std::error_code unreadable;
-        if (std::filesystem::exists(file, unreadable)) return file.string();
+        if (isOpen(file) || std::filesystem::exists(file, unreadable)) return file.string();
     }
     const std::string message =
         "File \"" + name + "\" was not found for provider module \"" + id.module + "\".";
@@ -42,7 +50,7 @@ void ProviderLibrary::Close::operator()(void* handle) const {
 }
 
 ProviderLibrary::ProviderLibrary(const std::string& directory, const ProviderId& id)
-    : _file(locate(directory, id)), _handle(dlopen(_file.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    : _file(locate(directory, id)), _handle(dlopen(_file.c_str(), kOpenMode)) {
     if (!_handle) fail(id, std::string("Cannot load library, error: ") + dlerror());
 }
 

@@ -1,6 +1,7 @@
 #include "http/HttpServer.h"
 
 #include "http/Session.h"
+#include "http/TlsProtocol.h"
 
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
@@ -49,10 +50,12 @@ bool isMissingAddress(const Error& error) {
 
 class HttpServer::Impl final : private SessionHost {
   public:
-    Impl(const CimService& service, Authenticator authenticate, HttpSettings settings)
+    Impl(const CimService& service, Authenticator authenticator, HttpSettings settings,
+         std::shared_ptr<asio::ssl::context> tls)
         : _service(service),
-          _authenticate(std::move(authenticate)),
           _settings(std::move(settings)),
+          _tls(std::move(tls)),
+          _gatekeeper(_io, std::move(authenticator)),
           _workers(_settings.workers),
           _signals(_io),
           _timer(_io) {}
@@ -67,11 +70,13 @@ class HttpServer::Impl final : private SessionHost {
         for (const auto& entry : found) {
             tcp::endpoint endpoint = entry.endpoint();
             endpoint.port(port);
+            refuseExposure(endpoint);
             tcp::acceptor acceptor = bind(endpoint, error);
             if (error && isMissingAddress(error)) continue;
             if (error) throw cannotListen(describe(endpoint), error);
             port = acceptor.local_endpoint().port();
-            urls.push_back("http://" + describe(acceptor.local_endpoint()) + "/");
+            urls.push_back((_tls ? "https://" : "http://") + describe(acceptor.local_endpoint()) +
+                           "/");
             _acceptors.push_back(std::move(acceptor));
         }
         if (urls.empty()) throw cannotListen(host, error);
@@ -99,12 +104,22 @@ class HttpServer::Impl final : private SessionHost {
   private:
     const HttpSettings& settings() const override { return _settings; }
     const CimService& service() const override { return _service; }
-    const Authenticator& authenticator() const override { return _authenticate; }
+    Gatekeeper& gatekeeper() override { return _gatekeeper; }
     asio::thread_pool& workers() override { return _workers; }
 
     void ended(Connection& connection) override {
+        const auto client = _clients.find(connection.peer());
+        if (client != _clients.end() && --client->second == 0) _clients.erase(client);
         _connections.erase(&connection);
         endWhenIdle();
+    }
+
+    void refuseExposure(const tcp::endpoint& endpoint) const {
+        if (_settings.insecure || endpoint.address().is_loopback()) return;
+        if (_tls && !_gatekeeper.admitsEverybody()) return;
+        throw std::runtime_error("cannot listen on " + describe(endpoint) +
+                                 ": other machines could reach it unprotected; it takes "
+                                 "--tls-certificate and --tls-key, or --insecure");
     }
 
     tcp::acceptor bind(const tcp::endpoint& endpoint, Error& error) {
@@ -138,18 +153,33 @@ class HttpServer::Impl final : private SessionHost {
         Error error;
         const auto peer = socket.remote_endpoint(error);
         if (error) return;
-        if (_connections.size() >= _settings.maxConnections) return turnAway(socket);
+        const std::string client = peer.address().to_string();
+        if (!hasRoomFor(client)) return turnAway(socket);
         socket.set_option(tcp::no_delay(true), error);
-        auto session = std::make_shared<Session<boost::beast::tcp_stream>>(
-            boost::beast::tcp_stream(std::move(socket)), peer.address().to_string(),
-            static_cast<SessionHost&>(*this));
+        boost::beast::tcp_stream stream(std::move(socket));
+        if (_tls) return open(TlsStream(std::move(stream), *_tls), client);
+        open(std::move(stream), client);
+    }
+
+    bool hasRoomFor(const std::string& client) const {
+        if (_connections.size() >= _settings.maxConnections) return false;
+        const auto found = _clients.find(client);
+        return found == _clients.end() || found->second < _settings.maxConnectionsPerClient;
+    }
+
+    template <class Stream>
+    void open(Stream stream, const std::string& client) {
+        auto session = std::make_shared<Session<Stream>>(std::move(stream), client,
+                                                         static_cast<SessionHost&>(*this));
         _connections.emplace(session.get(), session);
+        ++_clients[client];
         session->start();
     }
 
     // The few bytes fit into the socket's buffer; if not, the client sees the end of the connection
     // only.
-    static void turnAway(tcp::socket& socket) {
+    void turnAway(tcp::socket& socket) const {
+        if (_tls) return;  // it would have to shake hands first
         static const std::string text =
             refusalText(Refusal(503, "", "Too many connections."), true);
         Error ignored;
@@ -200,6 +230,7 @@ class HttpServer::Impl final : private SessionHost {
         Error ignored;
         _signals.cancel(ignored);
         _timer.cancel();
+        _gatekeeper.close();
     }
 
     // Connections that end take themselves out of the map.
@@ -209,20 +240,24 @@ class HttpServer::Impl final : private SessionHost {
     }
 
     const CimService& _service;
-    Authenticator _authenticate;
     HttpSettings _settings;
+    std::shared_ptr<asio::ssl::context> _tls;
     asio::io_context _io{1};
+    Gatekeeper _gatekeeper;
     asio::thread_pool _workers;
     std::deque<tcp::acceptor> _acceptors;
     std::unordered_map<Connection*, std::shared_ptr<Connection>> _connections;
+    std::unordered_map<std::string, std::size_t> _clients;  ///< connections of each address
     asio::signal_set _signals;
     asio::steady_timer _timer;
     bool _stopping = false;
     bool _hanging = false;
 };
 
-HttpServer::HttpServer(const CimService& service, Authenticator authenticate, HttpSettings settings)
-    : _impl(std::make_unique<Impl>(service, std::move(authenticate), std::move(settings))) {}
+HttpServer::HttpServer(const CimService& service, Authenticator authenticator,
+                       HttpSettings settings, std::shared_ptr<asio::ssl::context> tls)
+    : _impl(std::make_unique<Impl>(service, std::move(authenticator), std::move(settings),
+                                   std::move(tls))) {}
 
 HttpServer::~HttpServer() = default;
 

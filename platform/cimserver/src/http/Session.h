@@ -4,6 +4,7 @@
 #include "http/CallHead.h"
 #include "http/CimService.h"
 #include "http/FrameSlot.h"
+#include "http/Gatekeeper.h"
 #include "http/HttpServer.h"
 #include "http/Response.h"
 
@@ -15,8 +16,10 @@
 #include <boost/beast/http/parser.hpp>
 #include <boost/beast/http/read.hpp>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,6 +39,9 @@ class Connection {
 
     /// Ends the connection now. A worker that still produces an answer gets ClientGone.
     virtual void cut() = 0;
+
+    /// The client's IP address.
+    virtual const std::string& peer() const = 0;
 };
 
 /// What connections need of their server.
@@ -45,7 +51,7 @@ class SessionHost {
 
     virtual const HttpSettings& settings() const = 0;
     virtual const CimService& service() const = 0;
-    virtual const Authenticator& authenticator() const = 0;
+    virtual Gatekeeper& gatekeeper() = 0;
     virtual boost::asio::thread_pool& workers() = 0;
 
     /// The connection has ended and no worker is busy for it; the host forgets it.
@@ -82,7 +88,10 @@ class Session final : public Connection,
                       public std::enable_shared_from_this<Session<Stream>> {
   public:
     Session(Stream stream, std::string peer, SessionHost& host)
-        : _stream(std::move(stream)), _peer(std::move(peer)), _host(host) {}
+        : _stream(std::move(stream)),
+          _peer(std::move(peer)),
+          _host(host),
+          _buffer(settings().maxHeaderBytes + kBodyReadBytes) {}
 
     void start() override {
         lowest().expires_after(settings().requestTimeout);
@@ -102,14 +111,18 @@ class Session final : public Connection,
         end();
     }
 
+    const std::string& peer() const override { return _peer; }
+
   private:
     using Error = boost::beast::error_code;
+    using Clock = std::chrono::steady_clock;
     using Self = std::shared_ptr<Session>;
     using Parser = boost::beast::http::request_parser<boost::beast::http::string_body>;
 
     // A client that isn't known yet gets no more room than this for what it sends.
     static constexpr std::size_t kAnonymousBodyBytes = 64 << 10;
     static constexpr std::size_t kReadBytes = 16 << 10;
+    static constexpr std::size_t kBodyReadBytes = 64 << 10;
     static constexpr std::chrono::seconds kDrainTime{2};
     static constexpr std::size_t kDrainBytes = 8 << 20;
 
@@ -120,6 +133,7 @@ class Session final : public Connection,
     // A client that nobody knows may not keep a connection for nothing.
     void awaitRequest() {
         if (_finishing) return end();
+        _patience = settings().writeTimeout;
         _parser.emplace();
         _parser->header_limit(static_cast<std::uint32_t>(settings().maxHeaderBytes));
         _parser->body_limit(settings().maxBodyBytes);
@@ -144,10 +158,23 @@ class Session final : public Connection,
 
     void onHead(Error error) {
         if (error) return refuseUnreadable(error);
+        const auto credentials = readCredentials(head());
+        _host.gatekeeper().check(
+            credentials, _peer,
+            [self = self(), user = credentials ? credentials->user : std::string()](
+                Verdict verdict) { self->onVerdict(verdict, user); });
+    }
+
+    void onVerdict(Verdict verdict, const std::string& user) {
+        if (_ended) return;
+        lowest().expires_after(settings().requestTimeout);
+        if (verdict == Verdict::Busy) return refuse(503, "Too many failed logins.");
         const bool expects =
             boost::beast::iequals(head()[boost::beast::http::field::expect], "100-continue");
-        _caller = authenticate();
-        if (!_caller) {
+        _caller.reset();
+        if (verdict == Verdict::Admitted) {
+            _caller = Caller{_host.gatekeeper().admitsEverybody() ? std::string() : user, _peer};
+        } else {
             const std::uint64_t length = _parser->content_length().value_or(0);
             if (expects || length > kAnonymousBodyBytes) return respondUnauthorized(true);
             _parser->body_limit(kAnonymousBodyBytes);
@@ -157,14 +184,6 @@ class Session final : public Connection,
     }
 
     const HttpRequestHead& head() const { return _parser->get(); }
-
-    std::optional<Caller> authenticate() const {
-        if (!_host.authenticator()) return Caller{{}, _peer};
-        const auto credentials = readCredentials(head());
-        if (!credentials) return std::nullopt;
-        if (!_host.authenticator()(credentials->user, credentials->password)) return std::nullopt;
-        return Caller{credentials->user, _peer};
-    }
 
     void sendContinue() {
         static const std::string text = "HTTP/1.1 100 Continue\r\n\r\n";
@@ -190,6 +209,7 @@ class Session final : public Connection,
 
     void serve() {
         _serving = true;
+        abortive(true);
         auto request = std::make_shared<const HttpRequest>(_parser->release());
         boost::asio::post(_host.workers(), [self = self(), request = std::move(request)]() mutable {
             const Ending ending = self->produce(*request);
@@ -220,18 +240,30 @@ class Session final : public Connection,
         const std::array<boost::asio::const_buffer, 3> buffers{boost::asio::buffer(frame.head),
                                                                boost::asio::buffer(frame.body),
                                                                boost::asio::buffer(frame.tail)};
-        lowest().expires_after(settings().writeTimeout);
+        lowest().expires_after(_patience);
         boost::asio::async_write(
-            _stream, buffers, [self = self()](Error error, std::size_t) { self->onSent(error); });
+            _stream, buffers,
+            [self = self(), begin = Clock::now()](Error error, std::size_t bytes) {
+                self->onSent(error, bytes, Clock::now() - begin);
+            });
     }
 
-    void onSent(Error error) {
+    void onSent(Error error, std::size_t bytes, Clock::duration took) {
         if (error) {
             _slot.breakOff();
         } else {
+            spendPatience(bytes, took);
             _slot.release();
         }
         if (_ending) answered();
+    }
+
+    // Each part of an answer may take the time that is left of the timeout, and what a client takes
+    // fast enough gives it back: one that reads slowly all along doesn't hold its worker for long.
+    void spendPatience(std::size_t bytes, Clock::duration took) {
+        const std::chrono::milliseconds earned(1000 * bytes / settings().minBytesPerSecond);
+        _patience = std::clamp<Clock::duration>(
+            _patience - took + earned, std::chrono::milliseconds(1), settings().writeTimeout);
     }
 
     void onProduced(Ending ending) {
@@ -244,7 +276,8 @@ class Session final : public Connection,
     // The whole answer is on its way or will never be.
     void answered() {
         const Ending ending = *std::exchange(_ending, std::nullopt);
-        if (_slot.broken() || ending == Ending::Reset) return reset();
+        if (_slot.broken() || ending == Ending::Reset) return end();
+        abortive(false);
         if (ending == Ending::Close) return drain();
         awaitRequest();
     }
@@ -300,11 +333,11 @@ class Session final : public Connection,
                                  });
     }
 
-    // Closes so that the client cannot take the end of the connection for the end of the answer.
-    void reset() {
+    // While an answer is under way, whatever closes the connection (a timeout, a stop, the end of
+    // the process) does it so that the client cannot take that for the end of the answer.
+    void abortive(bool on) {
         Error ignored;
-        lowest().socket().set_option(boost::asio::socket_base::linger(true, 0), ignored);
-        end();
+        lowest().socket().set_option(boost::asio::socket_base::linger(on, 0), ignored);
     }
 
     // The host keeps the session for as long as a worker is busy for it.
@@ -317,12 +350,13 @@ class Session final : public Connection,
     Stream _stream;
     std::string _peer;
     SessionHost& _host;
-    boost::beast::flat_buffer _buffer;
+    boost::beast::flat_buffer _buffer;  // bounded: a line that never ends is kept in it
     std::optional<Parser> _parser;
     std::optional<Caller> _caller;
     FrameSlot _slot;
     std::optional<Ending> _ending;  ///< set once nobody will put another frame
     std::atomic<bool> _finishing{false};
+    Clock::duration _patience{};  ///< how long the client may let an answer wait
     std::size_t _discarded = 0;
     bool _idle = false;     ///< nothing of a request has come yet
     bool _serving = false;  ///< a worker runs the request

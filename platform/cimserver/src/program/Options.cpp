@@ -34,6 +34,7 @@ Options defaults() {
     Options options;
     options.schema = findBeside(program, {"../schema", "../share/qrv/schema"});
     options.providers = findBeside(program, {QRV_LIBRARIES_FROM_PROGRAM, "../lib"});
+    options.user = "nobody";
     options.array = findBeside(program, {"../share/qrvapi/sample.json"});
     return options;
 }
@@ -41,7 +42,7 @@ Options defaults() {
 void addPlaces(CLI::App& app, Options& options) {
     app.add_option("-p,--port", options.port, "TCP port; 0 takes a free one")
         ->check(CLI::Range(0, 65535))
-        ->capture_default_str();
+        ->default_str("5988, with TLS 5989");
     app.add_option("-l,--listen", options.listen,
                    "address or host name to listen at; may be repeated")
         ->capture_default_str();
@@ -54,6 +55,25 @@ void addPlaces(CLI::App& app, Options& options) {
     app.add_option("--log-level", options.logLevel, "1 (errors only) to 4 (everything)")
         ->check(CLI::Range(0, 4))
         ->capture_default_str();
+}
+
+void addProtection(CLI::App& app, Options& options) {
+    const auto add = [&](const char* name, std::string& value, const char* text) {
+        return app.add_option(name, value, text)->group("Protection");
+    };
+    auto* certificate = add("--tls-certificate", options.certificate,
+                            "PEM file of the certificate and its chain; with it the server speaks "
+                            "HTTPS only (TLS 1.2 and 1.3)");
+    auto* key = add("--tls-key", options.key, "PEM file of the certificate's private key");
+    certificate->needs(key);
+    key->needs(certificate);
+    add("--user", options.user,
+        "whom to become once the port is open, when root starts the server (root: stay so)")
+        ->envname("QRV_CIMSERVER_USER")
+        ->capture_default_str();
+    app.add_flag("--insecure", options.http.insecure,
+                 "lets other machines reach the server without TLS")
+        ->group("Protection");
 }
 
 void addSeconds(CLI::App& app, const char* name, std::chrono::milliseconds& time,
@@ -81,11 +101,15 @@ void addCount(CLI::App& app, const char* name, std::size_t& count, std::size_t m
 void addLimits(CLI::App& app, HttpSettings& http) {
     addCount(app, "-t,--threads", http.workers, 256, "operations that run at once");
     addCount(app, "--max-connections", http.maxConnections, 100'000, "connections at once");
+    addCount(app, "--max-client-connections", http.maxConnectionsPerClient, 100'000,
+             "connections from one address at once");
     addCount(app, "--max-header", http.maxHeaderBytes, 1 << 20, "bytes of an HTTP header");
     addCount(app, "--max-body", http.maxBodyBytes, 256 << 20, "bytes of a request's body");
     addSeconds(app, "--request-timeout", http.requestTimeout,
                "from a request's first byte to its last");
     addSeconds(app, "--write-timeout", http.writeTimeout, "for a part of an answer to be taken");
+    addCount(app, "--min-rate", http.minBytesPerSecond, 1 << 30,
+             "bytes of an answer that are to be taken in a second on average");
     addSeconds(app, "--idle-timeout", http.idleTimeout, "between two requests of a connection");
     addSeconds(app, "--stop-grace", http.stopGrace, "for requests in flight when the server stops");
 }
@@ -102,6 +126,7 @@ CommandLine parseCommandLine(int argc, char** argv) {
         "SIGTERM and SIGINT stop the server after the requests in flight.\n"
         "Exit status: 0 stopped, 1 cannot serve, 2 wrong usage.");
     addPlaces(app, options);
+    addProtection(app, options);
     addLimits(app, options.http);
     try {
         app.parse(argc, argv);

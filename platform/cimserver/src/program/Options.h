@@ -11,11 +11,14 @@
 namespace cimserver {
 
 struct Options {
-    std::uint16_t port = 5988;
+    std::optional<std::uint16_t> port;  ///< the usual one of the protocol when it isn't given
     std::vector<std::string> listen{"localhost"};
-    std::string array;      ///< the scenario file of the array to serve
-    std::string schema;     ///< directory of the MOF files
-    std::string providers;  ///< directory of the provider libraries
+    std::string array;        ///< the scenario file of the array to serve
+    std::string schema;       ///< directory of the MOF files
+    std::string providers;    ///< directory of the provider libraries
+    std::string certificate;  ///< file; with it the server speaks TLS only
+    std::string key;          ///< file
+    std::string user;         ///< whom to become when root has started the server
     int logLevel = 2;
     HttpSettings http;
 };

@@ -5,8 +5,10 @@
 #include "cimxml/Utf8.h"
 #include "http/CimService.h"
 #include "http/HttpServer.h"
+#include "http/Tls.h"
 #include "mof/MofReader.h"
 #include "program/Options.h"
+#include "program/Privileges.h"
 
 #include <Pegasus/Common/Exception.h>
 #include <malloc.h>
@@ -16,6 +18,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -51,28 +54,44 @@ void shareHeaps() {
     mallopt(M_ARENA_MAX, 2);
 }
 
-// Opens all registered libraries, so that what is missing is told now and not to the first client.
+// Opens the registered libraries, so that what is missing is told now and not to the first client.
+// One that can't be opened fails the requests that need it; a server without any isn't started.
 std::vector<ProviderLibrary> openLibraries(const ClassRepository& repository,
                                            const std::string& directory) {
     std::vector<ProviderLibrary> libraries;
+    std::string failure;
     for (const auto& module : repository.instances(kInterop, "PG_ProviderModule")) {
         const ProviderId id{textProperty(module, "Name"), textProperty(module, "Location"), {}};
         try {
             libraries.emplace_back(directory, id);
         } catch (const Pegasus::Exception& error) {
-            throw std::runtime_error(toUtf8(error.getMessage()) + " (in " + directory + ")");
+            failure = toUtf8(error.getMessage()) + " (in " + directory + ")";
+            std::cerr << "qrv-cimserver: " << failure << std::endl;
         }
     }
+    if (libraries.empty()) throw std::runtime_error(failure);
     return libraries;
 }
 
-// Says where the server listens; whoever started it may wait for the last line.
-void announce(HttpServer& server, const Options& options) {
+std::shared_ptr<boost::asio::ssl::context> tlsOf(const Options& options) {
+    if (options.certificate.empty()) return nullptr;
+    return makeTlsContext(options.certificate, options.key);
+}
+
+// Gives the URLs.
+std::vector<std::string> listen(HttpServer& server, const Options& options) {
+    const std::uint16_t usualPort = options.certificate.empty() ? 5988 : 5989;
+    std::vector<std::string> urls;
     for (const std::string& host : options.listen) {
-        for (const std::string& url : server.listen(host, options.port)) {
-            std::cout << "Listening at " << url << std::endl;
-        }
+        for (std::string& url : server.listen(host, options.port.value_or(usualPort)))
+            urls.push_back(std::move(url));
     }
+    return urls;
+}
+
+// Whoever started the server may wait for the last line.
+void announce(const std::vector<std::string>& urls) {
+    for (const std::string& url : urls) std::cout << "Listening at " << url << std::endl;
     std::cout << "Ready." << std::endl;
 }
 
@@ -92,9 +111,12 @@ int serve(Options options) {
     Broker broker(repository, settings);
 
     const CimService service(broker, XmlLimits());
-    HttpServer server(service, qrvapi::control::authenticate, options.http);
+    HttpServer server(service, {qrvapi::control::authenticate, qrvapi::control::arraysSoFar},
+                      options.http, tlsOf(options));
     server.stopOnSignals();
-    announce(server, options);
+    const auto urls = listen(server, options);
+    leaveRoot(options.user);
+    announce(urls);
     if (server.run()) return 0;
     std::cerr << "qrv-cimserver: operations still run in a provider; leaving without it\n";
     std::_Exit(1);
