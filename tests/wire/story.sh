@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # The life of one host as someone with wbemcli sees it, each answer checked.
-#   story.sh --server BIN/qrv-cimserver ARRAY    starts that server with the array in the file ARRAY
-#   story.sh URL [USER:PASSWORD]                 uses one that runs, such as http://localhost:5988
+#   story.sh --server BIN/qrv-cimserver      starts that server with the array in array.json
+#   story.sh --url URL [USER:PASSWORD]       uses one that runs, such as http://localhost:5988
 set -euo pipefail
 
 start_server() {
-    exec {lines}< <(exec "$1" --port 0 --listen 127.0.0.1 --array "$2")
+    exec {lines}< <(exec "$1" --port 0 --listen 127.0.0.1 --array "$(dirname "$0")/array.json")
     server=$!
     read -r -u "$lines" line
     [[ $line == *http://* ]] || { echo "$1 did not start: $line" >&2; exit 1; }
@@ -44,13 +44,12 @@ persona() { wbemcli -nl gi "$root:$(collection)" | sed -n 's/^-HostPersonaID=//p
 
 host=story-host
 fc=10000000FEEDF001 second=10000000FEEDF002 iscsi=iqn.2001-05.com.example:story
-if [[ ${1:-} == --server ]]; then
-    start_server "$2" "$3"
-    user=admin:admin
-else
-    url=${1:?a URL, or --server PROGRAM ARRAY}
-    user=${2:-admin:admin}
-fi
+user=${3:-admin:admin}
+case ${1:-} in
+    --server) start_server "$2" ;;
+    --url) url=$2 ;;
+    *) sed -n '2,4p' "$0" >&2; exit 2 ;;
+esac
 url=${url%/}
 root=${url/:\/\//:\/\/$user@}/root/qrv
 trap finish EXIT

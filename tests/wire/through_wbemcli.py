@@ -1,23 +1,21 @@
 #!/usr/bin/env python3
-"""Asks the server through wbemcli. Usage: through_wbemcli.py BIN/qrv-cimserver"""
-import pathlib
+"""Asks a server through wbemcli: through_wbemcli.py --server BIN/qrv-cimserver, or --url URL"""
 import subprocess
-import sys
 import unittest
 
 import wire
 
-HERE = pathlib.Path(__file__).resolve().parent
-PROGRAM = None
-FIRST = 'QRV_StorageHardwareID.InstanceID="ORVELIS:FC-1000000000A1B201"'
-SECOND = 'QRV_StorageHardwareID.InstanceID="ORVELIS:FC-1000000000A1B203"'
+OPTIONS = wire.options(__doc__)
+HARDWARE_IDS = [f'QRV_StorageHardwareID.InstanceID="ORVELIS:{name}"' for name in (
+    "FC-1000000000A1B201", "FC-1000000000A1B203", "FC-1000000000FFEE01",
+    "iSCSI-iqn.2001-05.com.example:gamma")]
+FIRST = HARDWARE_IDS[0]
 
 
 class WbemcliTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.server = wire.start([PROGRAM, "--port", "0", "--listen", "127.0.0.1",
-                                 "--array", str(HERE / "array.json")], "admin:admin")
+        cls.server = wire.chosen(OPTIONS.parse_args())
 
     @classmethod
     def tearDownClass(cls):
@@ -32,13 +30,15 @@ class WbemcliTest(unittest.TestCase):
         return [line.replace(where, "") for line in lines if line]
 
     def test_names_of_instances(self):
-        self.assertEqual(sorted(self.ask("ein", "QRV_StorageHardwareID")), [FIRST, SECOND])
+        self.assertEqual(sorted(self.ask("ein", "QRV_StorageHardwareID")), HARDWARE_IDS)
 
     def test_instances(self):
         answer = self.ask("ei -nl", "CIM_StorageHardwareID", "ElementName,StorageID")
         self.assertEqual(sorted(line for line in answer if line.startswith("-")),
-                         ['-ElementName="alpha"', '-ElementName="beta"',
-                          '-StorageID="1000000000A1B201"', '-StorageID="1000000000A1B203"'])
+                         ['-ElementName=""', '-ElementName="alpha"', '-ElementName="beta"',
+                          '-ElementName="gamma"', '-StorageID="1000000000A1B201"',
+                          '-StorageID="1000000000A1B203"', '-StorageID="1000000000FFEE01"',
+                          '-StorageID="iqn.2001-05.com.example:gamma"'])
 
     def test_an_instance(self):
         self.assertEqual(self.ask("gi -nl", FIRST, "ElementName"), [FIRST, '-ElementName="alpha"'])
@@ -64,5 +64,4 @@ class WbemcliTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    PROGRAM = sys.argv.pop(1)
-    unittest.main()
+    unittest.main(argv=[__file__])

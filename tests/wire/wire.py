@@ -1,12 +1,18 @@
 """What tests of the wire share: a small CIM-XML client and servers to start."""
+import argparse
 import base64
+import functools
 import http.client
+import pathlib
 import re
 import socket
 import ssl
 import subprocess
 import urllib.parse
 import xml.etree.ElementTree as ElementTree
+
+
+HERE = pathlib.Path(__file__).resolve().parent
 
 
 def message(call):
@@ -21,27 +27,33 @@ def enumeration(class_name, method="EnumerateInstances"):
                    f'<CLASSNAME NAME="{class_name}"/></IPARAMVALUE></IMETHODCALL>')
 
 
-def object_path(element):
-    """The text form of a LOCALINSTANCEPATH or LOCALCLASSPATH."""
-    names = [n.get("NAME") for n in element.iter("NAMESPACE")]
-    text = "/".join(names) + ":"
-    if element.tag == "LOCALCLASSPATH":
-        return text + element.find("CLASSNAME").get("NAME")
-    instance = element.find("INSTANCENAME")
-    keys = []
-    for binding in sorted(instance.iter("KEYBINDING"), key=lambda b: b.get("NAME").lower()):
-        value = binding.find("KEYVALUE")
-        quoted = value.text.replace("\\", "\\\\").replace('"', '\\"')
-        keys.append(binding.get("NAME") + "=" +
-                    (f'"{quoted}"' if value.get("VALUETYPE", "string") == "string" else value.text))
-    return text + instance.get("CLASSNAME") + ("." + ",".join(keys) if keys else "")
+def quoted(text):
+    return '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
+
+
+def key_text(element):
+    if element.tag == "VALUE.REFERENCE":
+        return quoted(path_text(element[0]))
+    is_string = element.get("VALUETYPE", "string") == "string"
+    return quoted(element.text or "") if is_string else element.text
+
+
+def path_text(element):
+    """The text form of a name or path of an instance or class."""
+    host = element.findtext("NAMESPACEPATH/HOST")
+    spaces = [e.get("NAME") for e in element.findall("LOCALNAMESPACEPATH/NAMESPACE") +
+              element.findall("NAMESPACEPATH/LOCALNAMESPACEPATH/NAMESPACE")]
+    where = (f"//{host}/" if host else "") + ("/".join(spaces) + ":" if spaces else "")
+    name = element[-1] if spaces else element
+    keys = [f'{key.get("NAME")}={key_text(key[0])}' for key in name]
+    return where + name.get("CLASSNAME", name.get("NAME")) + ("." + ",".join(keys) if keys else "")
 
 
 def cim_headers(body):
     """CIMMethod and CIMObject as the message in `body` has them."""
     call = ElementTree.fromstring(body).find("MESSAGE/SIMPLEREQ")[0]
     if call.tag == "METHODCALL":
-        target = object_path(call[0])
+        target = path_text(call[0])
     else:
         target = "/".join(n.get("NAME") for n in call[0].iter("NAMESPACE"))
     return {"Content-Type": "application/xml; charset=utf-8", "CIMOperation": "MethodCall",
@@ -66,6 +78,12 @@ class Server:
         parts = urllib.parse.urlsplit(url)
         self.host, self.port, self.user, self.process = parts.hostname, parts.port, user, process
         self.tls = ssl._create_unverified_context() if parts.scheme == "https" else None
+
+    @functools.cached_property
+    def realm(self):
+        """The server's own name, which it tells strangers."""
+        refusal = self.post(enumeration("CIM_ManagedElement"), user="nobody:nothing")
+        return refusal.getheader("WWW-Authenticate").split('"')[1]
 
     def connection(self, timeout=20, source=None):
         """An HTTP connection; `source` is an address of this machine to call from."""
@@ -93,6 +111,8 @@ class Server:
                 used.close()
 
     def stop(self, timeout=20):
+        if not self.process:
+            return 0
         self.process.terminate()
         code = self.process.wait(timeout)
         self.process.stdout.close()
@@ -116,3 +136,22 @@ def certificate(folder):
                     "-subj", "/CN=localhost", "-addext", "subjectAltName=DNS:localhost,IP:127.0.0.1",
                     "-out", files[0], "-keyout", files[1]], check=True, capture_output=True)
     return files
+
+
+def options(description=None):
+    """A parser of what every test against a whole server is told: which one."""
+    parser = argparse.ArgumentParser(description=description,
+                                     formatter_class=argparse.RawTextHelpFormatter)
+    where = parser.add_mutually_exclusive_group(required=True)
+    where.add_argument("--server", help="the program to start, with the array in array.json")
+    where.add_argument("--url", help="where a server listens that serves the same array")
+    parser.add_argument("--user", default="admin:admin", help="user:password")
+    return parser
+
+
+def chosen(arguments):
+    """The server that the options name."""
+    if arguments.url:
+        return Server(arguments.url, arguments.user)
+    return start([arguments.server, "--port", "0", "--listen", "127.0.0.1",
+                  "--array", str(HERE / "array.json")], arguments.user)
