@@ -1,3 +1,4 @@
+#include <chrono>
 #include <memory>
 
 #include "ArrayTest.h"
@@ -73,6 +74,39 @@ TEST_F(StringTableTest, MisuseIsReportedAndHarmless) {
                             "hashtable_lock was called without a table",
                             "hashtable_lock was called by its owner",
                             "delete_hashtable was called on a locked table"));
+}
+
+TEST_F(StringTableTest, WhatCouldEndInADeadlockIsReported) {
+    control::setLogLevel(0);
+    control::setGateTimeLimit(std::chrono::milliseconds(1));
+    const auto first = newTable(), second = newTable();
+    const auto lock = [](const Table& table) { hashtable_lock(table.get()); };
+    const auto unlock = [](const Table& table) { hashtable_unlock(table.get()); };
+
+    lock(first);
+    lock(second);
+    EXPECT_EQ(cim_sem_wait(), 0);
+    EXPECT_TRUE(control::heldByThisThread().gate);
+    EXPECT_EQ(control::heldByThisThread().tables, 2U);
+    cim_sem_post();
+    unlock(first);
+    unlock(second);
+    EXPECT_THAT(takeViolations(), ElementsAre());
+
+    lock(second);
+    lock(first);
+    unlock(first);
+    unlock(second);
+    EXPECT_EQ(cim_sem_wait(), 0);
+    lock(first);
+    EXPECT_NE(cim_sem_wait(), 0);
+    cim_sem_post();
+    unlock(first);
+    EXPECT_EQ(control::heldByThisThread().tables, 0U);
+    EXPECT_THAT(takeViolations(),
+                ElementsAre("two tables were locked in both orders",
+                            "hashtable_lock was called under the access gate",
+                            "cim_sem_wait was called by the holder of the access gate"));
 }
 
 }  // namespace

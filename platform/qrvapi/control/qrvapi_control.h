@@ -201,8 +201,18 @@ Outstanding outstanding();
 /// One line about it, for the message of a failed test.
 std::string describe(const Outstanding& held);
 
+/// What the calling thread holds at this moment.
+struct Locks {
+    bool gate = false;
+    std::size_t tables = 0;
+};
+
+Locks heldByThisThread();
+
 /// What callers did wrong since the last reset: a gated call without the gate, a post without a
-/// wait, a record given back twice, a table used without its lock.
+/// wait, a record given back twice, a table used without its lock; and what could end in a
+/// deadlock: a table locked under the gate, a wait for the gate by its holder, two tables locked in
+/// both orders.
 std::vector<std::string> violations();
 
 /// For qrvapi_free_watch alone: tells that free() is watched, and what goes to it.

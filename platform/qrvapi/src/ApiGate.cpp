@@ -1,13 +1,16 @@
 #include <cerrno>
 
 #include "Call.h"
+#include "LockOrder.h"
 #include "qrvapi/gate.h"
 
 using namespace qrvapi;
 
 int cim_sem_wait() {
-    return codeCall(Function::cim_sem_wait, noArguments,
-                    [] { return Gate::instance().wait() ? 0 : ETIMEDOUT; });
+    return codeCall(Function::cim_sem_wait, noArguments, [] {
+        LockOrder::beforeGate();
+        return Gate::instance().wait() ? 0 : ETIMEDOUT;
+    });
 }
 
 void cim_sem_post() {

@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "Call.h"
+#include "LockOrder.h"
 #include "StringTable.h"
 #include "qrvapi/stringtable.h"
 
@@ -75,6 +76,7 @@ void delete_hashtable(hashtable_t* table) {
         if (table == nullptr) return;
         if (table->locked()) return report(Function::delete_hashtable, "on a locked table");
         Ledger::instance().removeTable(table);
+        LockOrder::forgetTable(table);
         std::unique_ptr<hashtable>(table).reset();
     });
 }
@@ -83,13 +85,17 @@ void hashtable_lock(hashtable_t* table) {
     plainCall(Function::hashtable_lock, noArguments, [&] {
         if (!isThere(Function::hashtable_lock, table)) return;
         if (table->ownedByThisThread()) return report(Function::hashtable_lock, "by its owner");
+        LockOrder::beforeTable(table);
         table->lock();
+        LockOrder::tookTable(table);
     });
 }
 
 void hashtable_unlock(hashtable_t* table) {
     plainCall(Function::hashtable_unlock, noArguments, [&] {
-        if (isOpen(Function::hashtable_unlock, table)) table->unlock();
+        if (!isOpen(Function::hashtable_unlock, table)) return;
+        LockOrder::releasedTable(table);
+        table->unlock();
     });
 }
 

@@ -4,6 +4,7 @@
 #include "Generator.h"
 #include "Instruments.h"
 #include "Ledger.h"
+#include "LockOrder.h"
 #include "Log.h"
 #include "Password.h"
 #include "Scenario.h"
@@ -205,6 +206,10 @@ std::string describe(const Outstanding& held) {
            " blocks, gate " + (held.gateHeld ? "held" : "free") + ", " +
            std::to_string(held.tables) + " tables (" + std::to_string(held.lockedTables) +
            " locked, " + std::to_string(held.filledTables) + " filled)";
+}
+
+Locks heldByThisThread() {
+    return {Gate::instance().heldByThisThread(), LockOrder::tablesOfThisThread()};
 }
 
 std::vector<std::string> violations() {
