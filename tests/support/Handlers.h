@@ -3,7 +3,9 @@
 
 #include <Pegasus/Common/Exception.h>
 #include <Pegasus/Common/ResponseHandler.h>
+#include <qrvapi_control.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -12,22 +14,36 @@ namespace qrvtest {
 /// What a handler saw, in order: "processing", one text for each thing delivered, "complete".
 class Recording {
   public:
-    /// Lets the `nth` deliver throw CIM_ERR_FAILED "client hung up".
-    void failDeliver(unsigned nth) { _failAt = nth; }
+    /// Lets the `nth` deliver throw CIM_ERR_FAILED "client hung up", or what isn't Pegasus's own.
+    void failDeliver(unsigned nth, bool foreign = false) {
+        _failAt = nth;
+        _foreign = foreign;
+    }
 
     const std::vector<std::string>& events() const { return _events; }
     /// How often a handler was given something.
     unsigned deliveries() const { return _deliveries; }
+    /// Whether anything was delivered while a string table was locked.
+    bool underTable() const { return _underTable; }
     void note(std::string event) { _events.push_back(std::move(event)); }
+    /// Delivering may take as long as the client likes: the gate would keep all others waiting.
     void noteDelivered(std::string text) {
+        const qrvapi::control::Locks held = qrvapi::control::heldByThisThread();
+        if (held.gate) throw std::logic_error("delivered under the access gate");
+        _underTable = _underTable || held.tables > 0;
         ++_deliveries;
-        if (_failAt != 0 && --_failAt == 0)
-            throw Pegasus::CIMException(Pegasus::CIM_ERR_FAILED, "client hung up");
+        if (_failAt != 0 && --_failAt == 0) hangUp();
         note(std::move(text));
     }
 
   private:
+    [[noreturn]] void hangUp() const {
+        if (_foreign) throw std::runtime_error("broken");
+        throw Pegasus::CIMException(Pegasus::CIM_ERR_FAILED, "client hung up");
+    }
+
     unsigned _failAt = 0;
+    bool _foreign = false, _underTable = false;
     unsigned _deliveries = 0;
     std::vector<std::string> _events;
 };

@@ -23,10 +23,17 @@ cimserver::Broker::Settings settings() {
 
 using Entry = CIMProvider* (*)(const String&);
 
-Entry moduleEntry() {
-    static void* const module = dlopen(QRV_TEST_LIBRARIES "/libQRV_HostProvider.so.1", RTLD_NOW);
+Entry entryOf(const std::string& library) {
+    void* const module = dlopen((QRV_TEST_LIBRARIES "/" + library).c_str(), RTLD_NOW);
     if (module == nullptr) throw std::runtime_error(dlerror());
     return reinterpret_cast<Entry>(dlsym(module, "PegasusCreateProvider"));
+}
+
+CIMProvider* createFromAny(const String& name) {
+    for (const char* sibling : {"libQRV_StorageVolumeProvider.so.1",
+                                "libQRV_SCSIControllerProvider.so.1", "libQRV_iSCSIProvider.so.1"})
+        if (CIMProvider* const provider = entryOf(sibling)(name)) return provider;
+    throw std::invalid_argument("no library has such a provider");
 }
 
 std::string outcomeText(int code, const String& message) {
@@ -51,13 +58,14 @@ OperationContext requestOf(const std::string& user) {
 }
 
 CIMProvider* createFromModule(const std::string& name) {
-    return moduleEntry()(String(name.c_str()));
+    static const Entry entry = entryOf("libQRV_HostProvider.so.1");
+    return entry(String(name.c_str()));
 }
 
 ModuleProvider::ModuleProvider(const std::string& name, cimserver::LocalServer& server)
     : _handle(&server),
       _provider(createFromModule(name), [](CIMProvider* provider) { provider->terminate(); }) {
-    if (_provider == nullptr) throw std::invalid_argument("the module has no " + name);
+    if (_provider == nullptr) _provider.reset(createFromAny(String(name.c_str())));
     _provider->initialize(_handle);
 }
 
@@ -81,6 +89,8 @@ std::string outcomeOf(const std::function<void()>& operation) {
         return outcomeText(e.getCode(), e.getMessage());
     } catch (const Exception& e) {
         return outcomeText(-1, e.getMessage());
+    } catch (const std::exception& e) {
+        return std::string("foreign ") + e.what();
     }
 }
 

@@ -30,8 +30,8 @@ class TestServer {
 /// The context of a request by `user` from 192.0.2.7.
 Pegasus::OperationContext requestOf(const std::string& user);
 
-/// A provider made by the module's own entry and initialized, called without a broker in between.
-/// Its up-calls go to `server`.
+/// A provider made by the entry of the module, or else of a sibling library, and initialized,
+/// called without a broker in between. Its up-calls go to `server`.
 class ModuleProvider {
   public:
     ModuleProvider(const std::string& name, cimserver::LocalServer& server);
@@ -51,7 +51,7 @@ class ModuleProvider {
 Pegasus::CIMProvider* createFromModule(const std::string& name);
 
 /// What an operation ended with: "" for success, else the status code and text as in "6 Not
-/// there.".
+/// there."; "foreign" and the text for an exception that isn't Pegasus's own.
 std::string outcomeOf(const std::function<void()>& operation);
 
 }  // namespace qrvtest

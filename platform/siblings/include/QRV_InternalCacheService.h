@@ -31,6 +31,9 @@ class PEGASUS_EXPORT QRV_InternalCacheService {
                                Boolean localOnly, Boolean includeQualifiers,
                                Boolean includeClassOrigin, const CIMPropertyList& propertyList);
 
+    /// Asks the server again for every class, as it has to be after a change of the schema.
+    void forgetClasses();
+
     cim_policy_t getPolicy() const { return _policy; }
     void setPolicy(cim_policy_t policy) { _policy = policy; }
 

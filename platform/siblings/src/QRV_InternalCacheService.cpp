@@ -39,6 +39,11 @@ CIMClass QRV_InternalCacheService::getStoredCIMClass(
     return copy;
 }
 
+void QRV_InternalCacheService::forgetClasses() {
+    const std::unique_lock writing(_lock);
+    for (ClassTable& table : g_cimclassTable) table.clear();
+}
+
 unsigned int QRV_InternalCacheService::getClassHashArrayIndex(Boolean includeQualifiers,
                                                               Boolean includeClassOrigin) {
     return (includeQualifiers ? 2U : 0U) + (includeClassOrigin ? 1U : 0U);
