@@ -222,9 +222,9 @@ class PEGASUS_EXPORT QRV_Common {
     static int getNodePairIndex(int nodePosition);
 
     /// A point in time as CIM writes it, in local time with its offset, and back. The way back
-    /// takes the fields as local time, without a look at the offset; a year of 0 (an interval, a
-    /// wildcard) and one before 1900 give 0. Throws DateTimeOutOfRangeException for a time that
-    /// doesn't exist.
+    /// takes the fields as local time, without a look at the offset; an interval of any length, a
+    /// year of 0 (a wildcard) and one before 1900 give 0. Throws DateTimeOutOfRangeException for a
+    /// time that doesn't exist.
     static CIMDateTime getCIMDateTime(time_t time);
     static time_t getDateTime(const CIMDateTime& cimTime);
 

@@ -124,7 +124,8 @@ CIMDateTime QRV_Common::getCIMDateTime(time_t time) {
 
 time_t QRV_Common::getDateTime(const CIMDateTime& cimTime) {
     tm fields;
-    if (_formatDateTime(cimTime.toString().getCString(), &fields) < 1) return 0;
+    if (cimTime.isInterval() || _formatDateTime(cimTime.toString().getCString(), &fields) < 1)
+        return 0;
     const time_t time = mktime(&fields);
     if (time == -1) throw DateTimeOutOfRangeException(cimTime.toString());
     return time;
