@@ -29,7 +29,8 @@ foreach(lib pegcommon pegprovider pegclient)
     target_link_libraries(cim_api INTERFACE "${path_of_${lib}}")
 endforeach()
 
-# The server looks for providers in its own lib.
+# The server looks for providers in its own lib; from another prefix they look for the server's libraries.
+set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
 set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Folder of libraries under the prefix")
 if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
     set(CMAKE_INSTALL_PREFIX "${PEGASUS_HOME}" CACHE PATH "Where cmake --install puts all" FORCE)
