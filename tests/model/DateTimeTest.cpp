@@ -141,6 +141,8 @@ TEST(CIMDateTime, Calculates) {
     EXPECT_NE(thrownBy<DateTimeOutOfRangeException>([&] { start - finish; }), "no exception");
     EXPECT_NE(thrownBy<DateTimeOutOfRangeException>([&] { at(zeroInterval) - twoHours; }),
               "no exception");
+    const CIMDateTime longest = at("99999999235959.999999:000");
+    EXPECT_NE(thrownBy<DateTimeOutOfRangeException>([&] { longest + longest; }), "no exception");
     EXPECT_NE(thrownBy<TypeMismatchException>([&] { start + finish; }), "no exception");
     EXPECT_NE(thrownBy<TypeMismatchException>([&] { twoHours - start; }), "no exception");
     EXPECT_NE(thrownBy<InvalidDateTimeFormatException>(

@@ -326,12 +326,12 @@ Boolean CIMDateTime::operator<=(const CIMDateTime& x) const {
 
 /// This value moved by an interval, its stars and those of the interval joined.
 CIMDateTime CIMDateTime::shifted(Sint64 microseconds, const CIMDateTime& by) const {
+    const Sint64 end = _isInterval ? endOfIntervals : endOfTimeStamps;
+    requireRange(microseconds >= -_microseconds, "the result would be negative");
+    requireRange(microseconds < end - _microseconds, "the result would be too large");
     CIMDateTime result(*this);
     result._microseconds += microseconds;
     result._stars = std::max(_stars, by._stars);
-    requireRange(result._microseconds >= 0, "the result would be negative");
-    requireRange(result._microseconds < (_isInterval ? endOfIntervals : endOfTimeStamps),
-                 "the result would be too large");
     return result;
 }
 
