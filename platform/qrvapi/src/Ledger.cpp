@@ -3,7 +3,7 @@
 #include <sys/mman.h>
 
 #include <algorithm>
-#include <cstdint>
+#include <memory>
 #include <new>
 
 #include "Gate.h"
@@ -110,10 +110,11 @@ namespace {
 /// A large block comes untouched from the system: with huge pages it is there in a fraction of the
 /// page faults. Where the system has none to give, nothing changes.
 void askForHugePages(void* block, std::size_t size) {
-    constexpr std::uintptr_t page = std::uintptr_t{2} << 20;
-    const auto begin = (reinterpret_cast<std::uintptr_t>(block) + page - 1) & ~(page - 1);
-    const auto end = (reinterpret_cast<std::uintptr_t>(block) + size) & ~(page - 1);
-    if (begin < end) madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+    constexpr std::size_t page = std::size_t{2} << 20;
+    void* begin = block;
+    std::size_t room = size;
+    if (std::align(page, page, begin, room) != nullptr)
+        madvise(begin, room / page * page, MADV_HUGEPAGE);
 }
 
 }  // namespace
