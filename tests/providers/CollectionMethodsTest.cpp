@@ -70,6 +70,7 @@ TEST_F(CollectionMethodsTest, createsAHostWithAnyInitiators) {
                                                                         each.name + ": created")));
         EXPECT_THAT(hostsText(), testing::HasSubstr(each.array));
     }
+    EXPECT_EQ(logged(), std::vector<std::string>{"2 Error: wwnlist is NULL, wwn count is 0\n"});
 }
 
 TEST_F(CollectionMethodsTest, addsInitiatorsToAHost) {
@@ -88,6 +89,8 @@ TEST_F(CollectionMethodsTest, addsInitiatorsToAHost) {
 TEST_F(CollectionMethodsTest, whatTheArrayRefusesKeepsItsText) {
     const std::string before = "g/2: " + A + "; h/2: " + B;
     setHosts(before);
+    std::string accents;  // longer than what the array keeps of a word
+    for (int i = 0; i < 40; ++i) accents += "\u00e9";
     const struct {
         std::string outcome, expected, call;
     } cases[] = {
@@ -95,6 +98,8 @@ TEST_F(CollectionMethodsTest, whatTheArrayRefusesKeepsItsText) {
         {create("n", {fcID(A)}), "4 Path " + A + " on port none already exists", "createHost"},
         {create("n", {fcID(C), fcID(C)}), "5 Path " + C + " on port none is given twice",
          "createHost"},
+        {call(CREATE, "ElementName=n Domain=" + accents),
+         "4 Domain " + accents.substr(0, 62) + "? does not exist", "createHost"},
         {call(CREATE, "ElementName=n Domain=west"), "4 Domain west does not exist", "createHost"},
         {add("gone", {fcID(C)}), "4096 Host gone does not exist", "addPath"},
         {add("h", {fcID(C), fcID(B)}), "5 Path " + B + " on port none is given twice", "addPath"},

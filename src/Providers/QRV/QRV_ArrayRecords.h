@@ -20,9 +20,10 @@ class RecordBlock {
   public:
     RecordBlock() = default;
 
-    /// Takes over `count` records at `records`. Without a record there is nothing to own.
+    /// Takes over the block at `records` with its `count` records, none included. A null block has
+    /// none.
     RecordBlock(Record* records, int count)
-        : _records(count > 0 ? records : nullptr), _count(count > 0 ? count : 0) {}
+        : _records(records), _count(records != nullptr && count > 0 ? count : 0) {}
 
     const Record* begin() const { return _records.get(); }
     const Record* end() const { return _records.get() + _count; }

@@ -54,6 +54,9 @@ struct Permission {
     const char* name;
 };
 
+constexpr const char* RETURN_TO_STORAGE_POOL =
+    "qrv_storageconfigurationservice.returntostoragepool";
+
 constexpr Permission PERMISSIONS[] = {
     {Method::changeElement, CREATE_VOLUME,
      "qrv_storageconfigurationservice.createormodifyelementfromstoragepool.createvolume"},
@@ -88,15 +91,13 @@ constexpr Permission PERMISSIONS[] = {
     {Method::deletePool, DELTA_REPLICA_POOL,
      "qrv_storageconfigurationservice.deletestoragepool.deletedeltareplicastoragepool"},
 
-    {Method::returnToPool, NOT_GIVEN, "qrv_storageconfigurationservice.returntostoragepool"},
     {Method::returnToPool, VOL_TYPE_BASE,
      "qrv_storageconfigurationservice.returntostoragepool.basevv"},
     {Method::returnToPool, VOL_TYPE_PHYS_COPY,
      "qrv_storageconfigurationservice.returntostoragepool.physcopyvv"},
     {Method::returnToPool, VOL_TYPE_VIRT_COPY,
      "qrv_storageconfigurationservice.returntostoragepool.virtcopyvv"},
-    {Method::returnToPool, VOL_TYPE_REMOTE_COPY,
-     "qrv_storageconfigurationservice.returntostoragepool"},
+    {Method::returnToPool, VOL_TYPE_REMOTE_COPY, RETURN_TO_STORAGE_POOL},
 
     {Method::createElementReplica, NOT_GIVEN,
      "qrv_replicationservice.createelementreplica.createvvcopy"},
@@ -202,10 +203,9 @@ std::optional<int> kindOf(const CIMObjectPath& volRef) {
     const CString wanted = deviceID.getCString();
     int count = 0;
     api_vv_t* found = nullptr;
-    if (callArray([&] { return api_getVVs(nullptr, wanted, &count, &found, 1); }) != 0)
-        return std::nullopt;
+    const int failed = callArray([&] { return api_getVVs(nullptr, wanted, &count, &found, 1); });
     const VolumeRecords volumes(found, count);
-    if (volumes.begin() == volumes.end()) return std::nullopt;
+    if (failed != 0 || volumes.begin() == volumes.end()) return std::nullopt;
     return volumes.begin()->type;
 }
 
@@ -353,7 +353,7 @@ int authorize_DeleteStorageVolume(const String& userName, const String& ipAddr,
     read(inParameters, {{"TheElement", addElement}, into("TheElements", volRefs)});
 
     const Requester requester(userName, ipAddr);
-    String methodName = permissionFor(Method::returnToPool, NOT_GIVEN);
+    String methodName = RETURN_TO_STORAGE_POOL;
     int code = API_CIMUSER_AUTHORIZATION_SUCCESS;
     for (Uint32 i = 0; i < volRefs.size(); ++i) {
         code = handleDeleteVolumeMethod(volRefs[i], methodName);

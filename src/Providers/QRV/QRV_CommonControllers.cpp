@@ -5,6 +5,7 @@
 #include "QRV_CimServer.h"
 #include "QRV_Common.h"
 #include "QRV_OperationFrame.h"
+#include "QRV_Text.h"
 #include "QRV_VlunWalk.h"
 
 namespace Pegasus {
@@ -49,23 +50,24 @@ lpid_t portOf(const String& text) {
 /// The iSCSI port whose DeviceID this is; QRV_NO_PORT when there is none.
 lpid_t iscsiPortOf(const String& deviceID) {
     api_ISCSIPortsInfo_t info{};
-    if (callArray([&] { return api_getISCSIPorts(&info); }) != 0) return QRV_NO_PORT;
+    const int failed = callArray([&] { return api_getISCSIPorts(&info); });
     const ISCSIPorts ports(info.ports, static_cast<int>(info.count));
+    if (failed != 0) return QRV_NO_PORT;
     for (const api_ISCSIPort_t& port : ports)
-        if (deviceID == port.deviceID) return port.portID;
+        if (deviceID == arrayText(port.deviceID)) return port.portID;
     return QRV_NO_PORT;
 }
 
 /// The name of the host with the number that a text begins with; empty when there is none.
 String hostNameOf(const String& idText) {
     unsigned int id = 0;
-    // NOLINTNEXTLINE(cert-err34-c): a number that doesn't fit names no host either
+    // NOLINTNEXTLINE(cert-err34-c): C leaves open what a number that doesn't fit names
     if (std::sscanf(idText.getCString(), "%u", &id) != 1) return String();
     HostList hosts;
     callArrayForStatus(
         [&] { return api_getHosts(nullptr, QRV_NO_WWN, nullptr, hosts.receive(), 1, 1); });
     for (unsigned int i = 0; i < hosts->count; ++i)
-        if (hosts->hosts[i].id == id) return hosts->hosts[i].name;
+        if (hosts->hosts[i].id == id) return arrayText(hosts->hosts[i].name);
     return String();
 }
 

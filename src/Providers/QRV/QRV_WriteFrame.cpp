@@ -5,6 +5,7 @@
 
 #include "QRV_CimServer.h"
 #include "QRV_Common.h"
+#include "QRV_Text.h"
 
 namespace Pegasus {
 
@@ -31,7 +32,7 @@ String errorText(const api_Status_t& status, const char* prefix) {
     std::snprintf(text, sizeof text, "%s", prefix);
     const std::size_t used = std::strlen(text);
     api_getErrorTextNoNL(text + used, sizeof text - used, &status);
-    return text;
+    return arrayText(text);
 }
 
 String errorTextOrBusy(const ArrayAnswer& answer, const char* prefix) {

@@ -4,6 +4,7 @@
 
 #include "../QRV_Common.h"
 #include "../QRV_OperationFrame.h"
+#include "../QRV_Text.h"
 
 namespace Pegasus {
 
@@ -16,9 +17,9 @@ const CIMName NAME("Name");
 const String SYSTEM_CLASS("QRV_StorageSystem");
 
 /// A text that the array gives in a buffer of 256 bytes, or nothing when it can't.
-String arrayText(int (*read)(char*)) {
+String textOf(int (*read)(char*)) {
     char text[256] = {};
-    return read(text) == 0 ? String(text) : String();
+    return read(text) == 0 ? arrayText(text) : String();
 }
 
 }  // namespace
@@ -36,8 +37,8 @@ CIMObjectPath ServiceIdentity::path(const String& systemAddress) const {
 }
 
 ServiceOwner readServiceOwner() {
-    const String contact = arrayText(api_getSystemContact);
-    return {contact, arrayText(api_getOwnerName)};
+    const String contact = textOf(api_getSystemContact);
+    return {contact, textOf(api_getOwnerName)};
 }
 
 void describeService(CIMInstance& instance, const ServiceIdentity& identity,

@@ -8,6 +8,7 @@
 #include "../QRV_ArrayRecords.h"
 #include "../QRV_InstanceID.h"
 #include "../QRV_StoredClass.h"
+#include "../QRV_Text.h"
 #include "../QRV_WriteFrame.h"
 
 namespace Pegasus {
@@ -34,7 +35,7 @@ const CIMName STORAGE_HARDWARE_ID_COUNT("StorageHardwareIDCount");
 constexpr const char* NO_DOMAIN = "-unset";
 
 CIMInstance makeInstance(const String& nodeAddress, CIMClass& cimClass, const api_Host_t& host) {
-    const String name(host.name);
+    const String name = arrayText(host.name);
     const String instanceID = String("ORVELIS:") + name;
     CIMInstance instance = QRV_Common::buildInstanceSkeleton(cimClass);
     QRV_Common::setPropertyValue(instance, ELEMENT_NAME, name);
@@ -43,7 +44,7 @@ CIMInstance makeInstance(const String& nodeAddress, CIMClass& cimClass, const ap
     QRV_Common::setPropertyValue(instance, INSTANCE_ID, instanceID);
     QRV_Common::setPropertyValue(instance, HOST_PERSONA_ID, Uint32(host.host_persona));
     QRV_Common::setPropertyValue(instance, ID, Uint64(host.id));
-    QRV_Common::setPropertyValue(instance, DOMAIN_NAME, String(host.domain));
+    QRV_Common::setPropertyValue(instance, DOMAIN_NAME, arrayText(host.domain));
     QRV_Common::setPropertyValue(instance, STORAGE_HARDWARE_ID_COUNT, Uint16(host.pathCount));
     instance.setPath(
         QRV_StorageHardwareIDCollectionProvider::buildInstanceName(nodeAddress, instanceID));

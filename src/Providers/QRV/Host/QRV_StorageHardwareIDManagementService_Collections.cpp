@@ -71,9 +71,17 @@ void append(InitiatorLists& lists, const NamedInitiator& initiator) {
         lists.wwns.push_back(wwn);
 }
 
+/// Tells of the Fibre Channel initiators that are left out when none of them has a WWN.
+void logLeftOut(const std::vector<NamedInitiator>& named) {
+    for (const NamedInitiator& initiator : named)
+        if (QRV_StorageHardwareIDProvider::isFCStorageHardwareID(initiator.path))
+            log_message(2, "Error: wwnlist is NULL, wwn count is %d\n", 0);
+}
+
 InitiatorLists makeLists(const std::vector<NamedInitiator>& named) try {
     InitiatorLists lists;
     for (const NamedInitiator& initiator : named) append(lists, initiator);
+    if (lists.wwns.empty()) logLeftOut(named);
     return lists;
 } catch (const std::bad_alloc&) {
     throw CIMOperationFailedException("QRV_StorageHardwareIDManagementService: malloc failed");
