@@ -156,6 +156,7 @@ struct Kind {
     const char* associationClass;
     const char* parentClass;
     bool checksClass;  ///< of getInstance and the enumerations; otherwise others get nothing
+    bool foundByEnds;  ///< by getInstance, under the parent's name too
     int refusalLevel;
     std::vector<std::string> all;      ///< the whole association
     std::vector<Request> associators;  ///< also asked as names
@@ -170,6 +171,7 @@ const Kind KINDS[] = {
      "QRV_MemberOfStorageHardwareIDCollectionProvider",
      "QRV_MemberOfStorageHardwareIDCollection",
      "CIM_MemberOfCollection",
+     true,
      true,
      2,
      {member(ALPHA, HWID_FC), member(ALPHA, HWID_ISCSI), member(BETA, HWID_BETA)},
@@ -203,6 +205,7 @@ const Kind KINDS[] = {
      "QRV_HostedStorageHardwareIDCollection",
      "CIM_HostedCollection",
      false,
+     true,
      2,
      {hosted(ALPHA), hosted(BETA), hosted(BARE)},
      {{SYSTEM, "", "", "", {ALPHA, BETA, BARE}},
@@ -224,6 +227,7 @@ const Kind KINDS[] = {
      "QRV_SystemClientSettingData",
      "CIM_ElementSettingData",
      false,
+     true,
      2,
      {offered(PERSONA_1), offered(PERSONA_2)},
      {{SYSTEM, "SettingData", "", "", {PERSONA_1, PERSONA_2}},
@@ -241,6 +245,7 @@ const Kind KINDS[] = {
      "QRV_HostedStorageDomainGroup",
      "CIM_HostedCollection",
      false,
+     true,
      2,
      {HOSTED_GROUP},
      {{SYSTEM, "Antecedent", "Dependent", "QRV_StorageDomainGroup", {GROUP}},
@@ -259,6 +264,7 @@ const Kind KINDS[] = {
      "QRV_MgmtServicesForStorageHWIDCollection",
      "QRV_MgmtServicesForStorageHWIDCollection",
      "CIM_ConcreteDependency",
+     true,
      true,
      2,
      {managed(ALPHA), managed(BETA), managed(BARE), managed(HWID_FC), managed(HWID_ISCSI),
@@ -301,6 +307,7 @@ const Kind KINDS[] = {
      "QRV_HardwareIDElementSettingData",
      "CIM_ElementSettingData",
      true,
+     false,
      2,
      {initiatorSetting(HWID_FC, PERSONA_1), initiatorSetting(HWID_ISCSI, PERSONA_1),
       initiatorSetting(HWID_BETA, PERSONA_2)},
@@ -327,6 +334,7 @@ const Kind KINDS[] = {
      "QRV_HWIDCollectionElementSettingData",
      "CIM_ElementSettingData",
      true,
+     false,
      2,
      {hostSetting(ALPHA, PERSONA_1), hostSetting(BETA, PERSONA_2), hostSetting(BARE, PERSONA_1)},
      {{ALPHA, "", "", "CIM_ManagedElement", {PERSONA_1}},
@@ -345,6 +353,7 @@ const Kind KINDS[] = {
      "QRV_PrivilegeForStorageHardwareID",
      "CIM_AuthorizedSubject",
      true,
+     false,
      3,
      {granted(FC_ON_PORT, HWID_FC), granted(FC_SEES, HWID_FC), granted(ISCSI_SEES, HWID_ISCSI),
       granted(ISCSI_ON_PORT, HWID_ISCSI), granted(BETA_SEES, HWID_BETA),
@@ -372,6 +381,7 @@ const Kind KINDS[] = {
      "QRV_PrivilegeForStorageHardwareIDCollection",
      "CIM_AuthorizedSubject",
      true,
+     false,
      3,
      {granted(FC_ON_PORT, ALPHA), granted(FC_SEES, ALPHA), granted(ISCSI_SEES, ALPHA),
       granted(ISCSI_ON_PORT, ALPHA), granted(BETA_SEES, BETA), granted(FREE_SEES, BETA),
@@ -399,6 +409,7 @@ const Kind KINDS[] = {
      "QRV_PrivilegeForSCSIController",
      "CIM_AuthorizedTarget",
      true,
+     false,
      3,
      {granted(FC_ON_PORT, fc("MS:0:1:1:0")), granted(FC_SEES, fc("HS:0")),
       granted(BETA_SEES, fc("HS:1"))},
@@ -434,6 +445,7 @@ const Kind KINDS[] = {
      "QRV_PrivilegeForiSCSIController",
      "CIM_AuthorizedTarget",
      true,
+     false,
      3,
      {granted(ISCSI_SEES, iscsi("HS:0")), granted(ISCSI_ON_PORT, iscsi("MS:0:2:1:0")),
       granted(FREE_SEES, iscsi("HS:1")), granted(ISCSI_PRESENTED, iscsi("PP:0:2:1"))},
@@ -459,6 +471,7 @@ const Kind KINDS[] = {
      "QRV_SPCAssociatedPrivilege",
      "CIM_AssociatedPrivilege",
      true,
+     false,
      3,
      {use(HWID_FC, "MS:0:1:1:0"), use(HWID_FC, "HS:0"), use(HWID_BETA, "HS:1"),
       use(HWID_FC, "MS:1:1:1:0")},
@@ -491,6 +504,7 @@ const Kind KINDS[] = {
      "QRV_iSPCAssociatedPrivilege",
      "CIM_AssociatedPrivilege",
      true,
+     false,
      3,
      {use(HWID_ISCSI, "HS:0", false), use(HWID_ISCSI, "MS:0:2:1:0", false),
       use(HWID_FREE, "HS:1", false), use(HWID_ISCSI, "PP:0:2:1", false)},
@@ -511,6 +525,7 @@ const Kind KINDS[] = {
      "QRV_ManagementServiceForAuthorizedPrivilege",
      "CIM_ConcreteDependency",
      true,
+     false,
      2,
      {administered(FC_ON_PORT), administered(FC_SEES), administered(ISCSI_SEES),
       administered(ISCSI_ON_PORT), administered(BETA_SEES), administered(FREE_SEES),
@@ -660,6 +675,18 @@ TEST_P(AssociationTest, getInstanceFindsEachByItsPath) {
         EXPECT_THAT(
             getInstance(instances(), path),
             testing::ElementsAre("processing", testing::StartsWith(full(path) + "\n"), "complete"));
+}
+
+TEST_P(AssociationTest, theParentClassNamesWhatIsFoundByItsEnds) {
+    const std::string own = GetParam().associationClass, parent = GetParam().parentClass;
+    for (const std::string& path : GetParam().all) {
+        const std::string byParent = std::string(path).replace(0, own.size(), parent);
+        const std::string outcome = outcomeOf([&] {
+            const auto events = getInstance(instances(), byParent);
+            EXPECT_THAT(events[1], testing::StartsWith(full(path) + "\n"));
+        });
+        EXPECT_EQ(outcome.empty(), GetParam().foundByEnds) << byParent;
+    }
 }
 
 TEST_P(AssociationTest, getInstanceRefusesOtherPaths) {
@@ -819,7 +846,17 @@ TEST_F(PrivilegeAssociationTest, onlyPathsThatAgreeWithThemselvesAreFound) {
     const std::string noInitiator = "QRV_StorageHardwareID.InstanceID=\"ORVELIS:FC-1\"";
     std::string otherKey = use(HWID_FC, "HS:0");
     otherKey.replace(otherKey.rfind("HS:0"), 4, "HS:1");
+    const auto bare = [](std::string path) {
+        for (std::size_t at; (at = path.find("//array7.example/root/qrv:")) != std::string::npos;)
+            path.erase(at, full("").size());
+        return path;
+    };
     const std::pair<std::string, const char*> cases[] = {
+        {bare(granted(FC_SEES, HWID_FC)), "6 "},
+        {bare(granted(FC_SEES, ALPHA)), "6 "},
+        {bare(granted(FC_SEES, fc("HS:0"))), "6 "},
+        {bare(administered(FC_SEES)), "6 "},
+        {"QRV_ManagementServiceForAuthorizedPrivilege.Antecedent=\"no path\",Dependent=\"\"", "6 "},
         {granted(FC_SEES, HWID_ISCSI), "6 "},
         {granted(NO_PRIVILEGE, HWID_FC), "6 "},
         {granted(FC_SEES, BETA), "6 "},

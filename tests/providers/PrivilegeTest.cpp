@@ -262,6 +262,7 @@ TEST_F(PrivilegeTest, getInstanceReadsWhatItsKeyNames) {
         {own + idOf("A2::MS:1:1:1:0\""), "", {"a 1 1:1:1", "a 1 1:1:1"}},
         {own + idOf("A2::HS:0\""), "", {"a 2 ", "a 2 "}},
         {own + idOf("A2::PP:1:1:1\""), none, {" 4 1:1:1", " 4 1:1:1"}},
+        {own + idOf("A2::HS:99\""), none, {" 2 ", " 2 "}},
         {own + idOf("B1::HS:0\""), none, {"a 2 ", "a 2 "}},
         {own + "ORVELIS:fc-00000000000000A2::HS:0\"", none, {"a 2 ", "a 2 "}},
         {own + "FC-00000000000000A2::HS:0\"", none, {}},

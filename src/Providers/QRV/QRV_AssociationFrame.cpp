@@ -7,10 +7,14 @@ namespace Pegasus {
 namespace {
 
 void traceRequest(const AssociationRequest& request) {
-    log_message(4, "objectName = %s \n associationClass = %s, resultClass = %s \n",
-                static_cast<const char*>(request.objectName.toString().getCString()),
-                static_cast<const char*>(request.associationClass.getString().getCString()),
-                static_cast<const char*>(request.resultClass.getString().getCString()));
+    const CString objectName = request.objectName.toString().getCString();
+    if (request.wantsAssociations())
+        log_message(4, "\t objectName = %s \n", static_cast<const char*>(objectName));
+    else
+        log_message(4, "objectName = %s \n associationClass = %s, resultClass = %s \n",
+                    static_cast<const char*>(objectName),
+                    static_cast<const char*>(request.associationClass.getString().getCString()),
+                    static_cast<const char*>(request.resultClass.getString().getCString()));
 }
 
 }  // namespace
@@ -61,7 +65,10 @@ Array<CIMObjectPath> pathsOf(const Array<CIMInstance>& instances) {
 
 CIMObjectPath referenceKey(const CIMObjectPath& associationPath, const char* role) {
     const String text = QRV_Common::getStringProperty(associationPath, role);
-    return text.size() == 0 ? CIMObjectPath() : CIMObjectPath(text);
+    if (text.size() == 0) return CIMObjectPath();
+    CIMObjectPath path(text);
+    if (path.getNameSpace().isNull()) path.setNameSpace(QRV_NAMESPACE);
+    return path;
 }
 
 CIMInstance tryGetInstance(CIMOMHandle& cimom, const OperationContext& context,

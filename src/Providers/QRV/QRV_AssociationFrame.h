@@ -31,8 +31,8 @@ void deliverObjects(const Array<CIMInstance>& found, ObjectResponseHandler&);
 /// The paths of instances, in their order.
 Array<CIMObjectPath> pathsOf(const Array<CIMInstance>& instances);
 
-/// The path that a reference key holds; a path without class when there is no such key. Throws
-/// MalformedObjectNameException when the key holds no path.
+/// The path that a reference key holds, in this namespace if it tells none; a path without class
+/// when there is no such key. Throws MalformedObjectNameException when the key holds no path.
 CIMObjectPath referenceKey(const CIMObjectPath& associationPath, const char* role);
 
 /// The instance behind a path, or an uninitialized one when the server can't give it, for whatever
@@ -40,5 +40,21 @@ CIMObjectPath referenceKey(const CIMObjectPath& associationPath, const char* rol
 CIMInstance tryGetInstance(CIMOMHandle&, const OperationContext&, const CIMObjectPath& path,
                            Boolean includeQualifiers, Boolean includeClassOrigin,
                            const CIMPropertyList&);
+
+/// What `build()` makes, if the server can give the instance behind `path`; nothing when it can't
+/// or when that fails.
+template <class Build>
+Array<CIMInstance> whenThereIs(CIMOMHandle& cimom, const OperationContext& context,
+                               const CIMObjectPath& path, Build build) {
+    Array<CIMInstance> built;
+    try {
+        if (!tryGetInstance(cimom, context, path, false, false, CIMPropertyList())
+                 .isUninitialized())
+            built.append(build());
+    } catch (...) {
+        // The path names ends that can't be linked.
+    }
+    return built;
+}
 
 }  // namespace Pegasus

@@ -34,9 +34,15 @@ constexpr const char* TYPE_TAG<CIMDateTime> = "CIMDateTime";
 
 enum ReadResult { READ_VALUE = 0, READ_MISSING = 3, READ_NULL = 4 };
 
+/// Where a property stands. A name that no property can have is no error: nothing has it.
+Uint32 findProperty(const CIMInstance& instance, const String& name) {
+    return CIMName::legal(name) ? instance.findProperty(name) : PEG_NOT_FOUND;
+}
+
 template <class T>
 ReadResult readProperty(CIMInstance& instance, const String& name, T& value) {
-    const Uint32 index = instance.findProperty(name);
+    if (instance.isUninitialized()) return READ_MISSING;
+    const Uint32 index = findProperty(instance, name);
     if (index == PEG_NOT_FOUND) return READ_MISSING;
     const CIMValue& found = instance.getProperty(index).getValue();
     if (found.isNull()) return READ_NULL;
@@ -85,7 +91,7 @@ CIMValue QRV_Common::getPropertyValue(const CIMInstance& instance, const String&
         log_message(3, "\tInvalid property name.\n");
         return CIMValue(String());
     }
-    const Uint32 index = instance.findProperty(name);
+    const Uint32 index = findProperty(instance, name);
     return index == PEG_NOT_FOUND ? CIMValue() : instance.getProperty(index).getValue();
 }
 
@@ -95,7 +101,7 @@ String QRV_Common::getStringProperty(const CIMInstance& instance, const String& 
         return String();
     }
     String text;
-    const Uint32 index = instance.findProperty(name);
+    const Uint32 index = findProperty(instance, name);
     if (index != PEG_NOT_FOUND) instance.getProperty(index).getValue().get(text);
     return text;
 }
@@ -110,8 +116,9 @@ String QRV_Common::getStringProperty(const CIMObjectPath& path, const String& na
 void QRV_Common::setPropertyValue(CIMInstance& instance, CIMName name, const CIMInstance& value) {
     const Uint32 index = instance.findProperty(name);
     if (index == PEG_NOT_FOUND) return;
+    const CIMProperty property(name, CIMValue(value), 0, CIMName(), CIMName(), false);
     instance.removeProperty(index);
-    instance.addProperty(CIMProperty(name, CIMValue(value), 0, CIMName(), CIMName(), false));
+    instance.addProperty(property);
 }
 
 void QRV_Common::setPropertyValueToNull(CIMInstance& instance, CIMName name, CIMType type) {

@@ -11,8 +11,8 @@
 namespace Pegasus {
 
 /// What the CIM server calls on a provider class that derives from it, `class Provider : public
-/// InstanceProvider<Provider>`, and that makes it its friend. `Interfaces` are what the class
-/// offers besides.
+/// InstanceProvider<Provider>`, and that makes it its friend. `Interfaces` stand before the
+/// instance interface; a class with methods derives from CIMMethodProvider behind this template.
 ///
 /// A class gives `_frame()` and `_buildInstances(path, shape)`, the instances that answer for a
 /// path, or all of them when it has no class. Where it differs, it declares a function of the

@@ -91,6 +91,12 @@ bool PathMatcher::matches(const CIMObjectPath& candidate) const {
     return _normalized->identical(normalizedPath(candidate));
 }
 
+CIMObjectPath ofClass(const CIMObjectPath& path, const CIMName& className) {
+    CIMObjectPath result = path;
+    result.setClassName(className);
+    return result;
+}
+
 Array<CIMInstance> matching(const CIMObjectPath& instanceName,
                             const Array<CIMInstance>& instances) {
     const PathMatcher wanted(instanceName);

@@ -25,6 +25,10 @@ class PathMatcher {
     mutable std::optional<CIMObjectPath> _normalized;  ///< as it is compared, once that is needed
 };
 
+/// The path as one of another class with the same keys, for a request that may name an instance by
+/// its class's parent.
+CIMObjectPath ofClass(const CIMObjectPath& path, const CIMName& className);
+
 /// The first of the instances that `instanceName` names; nothing when there is none.
 Array<CIMInstance> matching(const CIMObjectPath& instanceName, const Array<CIMInstance>& instances);
 

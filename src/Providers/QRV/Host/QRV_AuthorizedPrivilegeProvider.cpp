@@ -4,6 +4,7 @@
 
 #include "../QRV_StoredClass.h"
 #include "../QRV_StringTable.h"
+#include "../QRV_Text.h"
 #include "../QRV_VlunWalk.h"
 #include "QRV_PrivilegeKey.h"
 #include "QRV_SPCAssociatedPrivilegeProvider.h"
@@ -52,6 +53,37 @@ bool isEmptyTemplate(const api_vlun_t& vlun) {
     return vlun.isTemplate != 0 && vlun.isempty_vvset != 0;
 }
 
+String keyOf(const CIMObjectPath& privilege) {
+    return QRV_Common::extractFromInstanceID(
+        QRV_Common::getStringProperty(privilege, "InstanceID"));
+}
+
+/// The privilege that a path names. The VLUNs that its key narrows a walk to may be others': a
+/// controller that is gone narrows nothing.
+Array<CIMInstance> named(const CIMObjectPath& path, const Array<CIMInstance>& privileges) {
+    const String key = keyOf(path);
+    for (Uint32 i = 0; i < privileges.size(); ++i)
+        if (keyOf(privileges[i].getPath()) == key) return Array<CIMInstance>(&privileges[i], 1);
+    return Array<CIMInstance>();
+}
+
+/// The names of privileges' hosts. Those of one host share their text.
+class HostNames {
+  public:
+    explicit HostNames(Array<String>& names) : _names(names) {}
+
+    void append(const api_Host_t* host) {
+        if (host != _host) _name = arrayText(host->name);
+        _host = host;
+        _names.append(_name);
+    }
+
+  private:
+    Array<String>& _names;
+    const api_Host_t* _host = nullptr;
+    String _name;
+};
+
 bool isWanted(const String& hwidInstID, const String& wanted) {
     return wanted.size() == 0 || wanted == QRV_Common::extractFromInstanceID(hwidInstID);
 }
@@ -92,7 +124,7 @@ void QRV_AuthorizedPrivilegeProvider::_getInstance(const OperationContext&,
                                                    InstanceResponseHandler& handler) {
     Array<CIMInstance> found;
     _buildInstances(instanceReference, {false, false, CIMPropertyList()}, found, nullptr, 0);
-    deliverFound(FRAME, found, handler);
+    deliverFound(FRAME, named(instanceReference, found), handler);
 }
 
 void QRV_AuthorizedPrivilegeProvider::_enumerateInstances(const OperationContext&,
@@ -152,6 +184,7 @@ void QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
     Receiver receiver(handler, isdeliverPath != 0, instances);
     VlunWalk walk({host, vlunType, portLPID});
     StringTableScan scan(stringHashTable);
+    HostNames names(hostNames);
     const int failed = walk.run([&](api_vlun_t& vlun, api_HostsInfo_t& allHosts) {
         const api_Host_t* const vlunHost = hostOf(allHosts, vlun);
         if (isEmptyTemplate(vlun) || vlunHost == nullptr) return;
@@ -163,7 +196,7 @@ void QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
             if (!scan.isNew(buildInstanceID(spcDeviceID, hwidInstIDs[k]).getCString())) continue;
             const CIMInstance privilege =
                 buildInstance(privilegeClass, spcDeviceID, hwidInstIDs[k], nodeAddress);
-            hostNames.append(vlunHost->name);
+            names.append(vlunHost);
             receiver.take(privilege);
         }
     });

@@ -64,6 +64,13 @@ class ControllerPrivilegeProvider : public AssociationProvider<Provider> {
         return this->_self()._privileges().related(objectName, context, shape);
     }
 
+    /// The controllers' provider makes their paths, and gets the whole class for it.
+    Array<CIMObjectPath> _getRelatedInstanceNames(const CIMObjectPath& objectName,
+                                                  const OperationContext& context) {
+        return pathsOf(
+            _getRelatedInstances(objectName, context, {false, false, CIMPropertyList()}));
+    }
+
     Array<CIMInstance> _buildAssociationInstances(const CIMObjectPath& objectName,
                                                   const OperationContext& context,
                                                   const InstanceShape& shape) {

@@ -37,13 +37,6 @@ Uint32 personaOf(const CIMObjectPath& setting) {
     return QRV_StorageClientSettingDataProvider::extractPersonaNumber(setting);
 }
 
-/// An end as a path of the association names it; one without a namespace lies in this one.
-CIMObjectPath endOf(const CIMObjectPath& association, const char* role) {
-    CIMObjectPath end = referenceKey(association, role);
-    if (end.getNameSpace().isNull()) end.setNameSpace(QRV_NAMESPACE);
-    return end;
-}
-
 /// A server may refuse to complete a getInstance without an instance. What the provider throws next
 /// tells the client more.
 void completeEmpty(InstanceResponseHandler& handler) {
@@ -90,8 +83,8 @@ Array<CIMInstance> ElementSettingAssociation::associations(const CIMObjectPath& 
 
 Array<CIMInstance> ElementSettingAssociation::associationNamed(const CIMObjectPath& path,
                                                                CIMClass& cimClass) const {
-    const CIMObjectPath element = endOf(path, "ManagedElement");
-    const CIMObjectPath setting = endOf(path, "SettingData");
+    const CIMObjectPath element = referenceKey(path, "ManagedElement");
+    const CIMObjectPath setting = referenceKey(path, "SettingData");
     Array<CIMInstance> found;
     if (_kind.personaOfEnd(_request, element) == personaOf(setting))
         found.append(build(cimClass, element, setting));

@@ -122,6 +122,14 @@ class ElementSettingProvider : public AssociationProvider<Provider> {
         return this->_self()._association(context, shape).associations(objectPath);
     }
 
+    /// The personas that decide are read with all properties.
+    void _referenceNames(const OperationContext& context, const AssociationRequest& request,
+                         ObjectPathResponseHandler& handler) {
+        deliverPaths(_buildAssociationInstances(request.objectName, context,
+                                                {false, false, CIMPropertyList()}),
+                     handler);
+    }
+
     void _getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
                       const InstanceShape& shape, InstanceResponseHandler& handler) {
         this->_self()._association(context, shape).getInstance(instanceName, handler);

@@ -95,13 +95,14 @@ class HostedAssociationProvider : public AssociationProvider<Provider> {
         return _buildAssociationInstances(CIMObjectPath(), context, shape);
     }
 
-    /// The path's class isn't looked at: another's path matches nothing.
+    /// An association is named by its ends alone: the path's class plays no part.
     void _checkPath(const CIMObjectPath& instanceName) { checkKeyCount(_frame(), instanceName); }
 
     void _getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
                       const InstanceShape& shape, InstanceResponseHandler& handler) {
         deliverFound(_frame(),
-                     matching(instanceName, _buildAllAssociationInstances(context, shape)),
+                     matching(ofClass(instanceName, _frame().qrvClass),
+                              _buildAllAssociationInstances(context, shape)),
                      handler);
     }
 

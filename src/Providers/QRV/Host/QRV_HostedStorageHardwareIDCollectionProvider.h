@@ -25,9 +25,9 @@ class QRV_HostedStorageHardwareIDCollectionProvider
     static const HostedAssociationKind& _kind();
     HostedAssociation _association();
 
+    CIMOMHandle _cimom;
     String _systemAddress;
     CIMObjectPath _systemObjectPath;
-    CIMOMHandle _cimom;
     CIMNamespaceName _qrvNameSpaceName;
     CIMName _systemClassName;
     CIMName _assoClassName;

@@ -83,7 +83,7 @@ void QRV_MemberOfStorageHardwareIDCollectionProvider::_getInstance(
     const OperationContext& context, const CIMObjectPath& instanceName, const InstanceShape& shape,
     InstanceResponseHandler& handler) {
     CIMClass cimClass = storedClass(_cimom, ASSOCIATION, {false, false, shape.propertyList});
-    const PathMatcher wanted(instanceName);
+    const PathMatcher wanted(ofClass(instanceName, ASSOCIATION));
     Array<CIMInstance> found;
     forEachMembership(_allHardwareIDs(context), _nodeAddress,
                       [&](const CIMObjectPath& collection, const CIMObjectPath& member) {
@@ -135,10 +135,10 @@ Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssoci
     const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
     const CIMName& className = objectName.getClassName();
     CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
-    Array<CIMInstance> associations;
-    if (_cimom.enumerateInstanceNames(context, QRV_NAMESPACE, className).size() == 0)
-        return associations;
+    const bool none = _cimom.enumerateInstanceNames(context, QRV_NAMESPACE, className).size() == 0;
     const Array<CIMObjectPath> related = _getRelatedInstanceNames(objectName, context);
+    Array<CIMInstance> associations;
+    if (none) return associations;
     if (className.equal(HARDWARE_ID) && related.size() > 0)
         associations.append(_buildAssociation(cimClass, related[0], objectName));
     if (className.equal(COLLECTION))

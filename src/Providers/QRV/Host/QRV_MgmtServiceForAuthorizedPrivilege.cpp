@@ -79,9 +79,8 @@ void QRV_MgmtServiceForAuthorizedPrivilege::initialize(CIMOMHandle& cimom) {
     _mgmtSvcClassName = CIMName("QRV_PrivilegeManagementService");
     _authPrvlClassName = CIMName("QRV_AuthorizedPrivilege");
     _systemAddr = QRV_Common::getSystemHostName(cimom);
-    const Array<CIMObjectPath> services =
-        _cimom.enumerateInstanceNames(OperationContext(), _qrvNameSpaceName, _mgmtSvcClassName);
-    if (services.size() > 0) _mgmtSvcPath = services[0];
+    _mgmtSvcPath =
+        _cimom.enumerateInstanceNames(OperationContext(), _qrvNameSpaceName, _mgmtSvcClassName)[0];
 }
 
 bool QRV_MgmtServiceForAuthorizedPrivilege::_accepts(const OperationContext& context,
@@ -150,13 +149,24 @@ Array<CIMInstance> QRV_MgmtServiceForAuthorizedPrivilege::_buildAssociationInsta
     } else if (source.equal(_authPrvlClassName)) {
         found.append(_build(cimClass, _mgmtSvcPath, objectName));
     } else if (source.equal(_assocClassName)) {
-        const CIMObjectPath service = referenceKey(objectName, "Antecedent");
-        const CIMObjectPath privilege = referenceKey(objectName, "Dependent");
-        if (!tryGetInstance(_cimom, context, privilege, false, false, CIMPropertyList())
-                 .isUninitialized())
-            found.append(_build(cimClass, service, privilege));
+        return _proven(cimClass, objectName, context);
     }
     return found;
+}
+
+/// The association that a path names, when the privilege exists. A path whose ends are none names
+/// nothing.
+Array<CIMInstance> QRV_MgmtServiceForAuthorizedPrivilege::_proven(CIMClass& cimClass,
+                                                                  const CIMObjectPath& association,
+                                                                  const OperationContext& context) {
+    try {
+        const CIMObjectPath service = referenceKey(association, "Antecedent");
+        const CIMObjectPath privilege = referenceKey(association, "Dependent");
+        return whenThereIs(_cimom, context, privilege,
+                           [&] { return _build(cimClass, service, privilege); });
+    } catch (const Exception&) {
+        return Array<CIMInstance>();
+    }
 }
 
 CIMInstance QRV_MgmtServiceForAuthorizedPrivilege::_build(CIMClass& cimClass,

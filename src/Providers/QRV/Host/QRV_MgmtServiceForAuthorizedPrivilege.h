@@ -40,6 +40,8 @@ class QRV_MgmtServiceForAuthorizedPrivilege
     Array<CIMInstance> _getRelatedInstances(const CIMObjectPath& objectName,
                                             const OperationContext& context,
                                             const InstanceShape& shape);
+    Array<CIMInstance> _proven(CIMClass& cimClass, const CIMObjectPath& association,
+                               const OperationContext& context);
     CIMInstance _build(CIMClass& cimClass, const CIMObjectPath& service,
                        const CIMObjectPath& privilege) const;
 

@@ -140,7 +140,7 @@ void QRV_MgmtServicesForStorageHWIDCollectionProvider::_getInstance(
     const OperationContext& context, const CIMObjectPath& instanceName, const InstanceShape& shape,
     InstanceResponseHandler& handler) {
     deliverFound(FRAME,
-                 matching(instanceName,
+                 matching(ofClass(instanceName, ASSOCIATION),
                           _buildAssociationInstances(_storageHWIDMgmtServicePath, context, shape)),
                  handler);
 }

@@ -75,14 +75,11 @@ Array<CIMInstance> allAssociations(const Question& question, CIMClass& cimClass)
 Array<CIMInstance> provenAssociation(const Question& question, CIMClass& cimClass) {
     const CIMObjectPath controller = referenceKey(question.objectName, "TargetElement");
     const CIMObjectPath privilege = referenceKey(question.objectName, "Privilege");
-    Array<CIMInstance> found;
-    if (PrivilegeParts(privilege).spcDeviceID ==
-            QRV_Common::getStringProperty(controller, "DeviceID") &&
-        !tryGetInstance(question.cimom, question.context, privilege, false, false,
-                        CIMPropertyList())
-             .isUninitialized())
-        found.append(question.build(cimClass, privilege, controller));
-    return found;
+    if (PrivilegeParts(privilege).spcDeviceID !=
+        QRV_Common::getStringProperty(controller, "DeviceID"))
+        return Array<CIMInstance>();
+    return whenThereIs(question.cimom, question.context, privilege,
+                       [&] { return question.build(cimClass, privilege, controller); });
 }
 
 /// The associations between an object and each that is related to it. They bear the system's own

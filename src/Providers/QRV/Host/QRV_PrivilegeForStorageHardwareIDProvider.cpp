@@ -89,12 +89,10 @@ Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_proven(
     const CIMObjectPath privilege = referenceKey(association, "Privilege");
     const CIMObjectPath element = referenceKey(association, "PrivilegedElement");
     const String elementID = QRV_Common::getStringProperty(element, "InstanceID");
-    Array<CIMInstance> found;
-    if (initiatorOf(privilege) == QRV_Common::extractFromInstanceID(elementID) &&
-        !tryGetInstance(_cimom, context, privilege, false, false, CIMPropertyList())
-             .isUninitialized())
-        found.append(_build(cimClass, privilege, element));
-    return found;
+    if (initiatorOf(privilege) != QRV_Common::extractFromInstanceID(elementID))
+        return Array<CIMInstance>();
+    return whenThereIs(_cimom, context, privilege,
+                       [&] { return _build(cimClass, privilege, element); });
 }
 
 /// The hardware IDs aren't fetched: a privilege's initiator is taken to exist.
@@ -127,22 +125,18 @@ Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_getRelatedInstanc
     return found;
 }
 
-/// A walk over VLUNs can be narrowed to a host, so the privileges of one initiator are picked from
-/// those of its host.
+/// A walk over VLUNs can be narrowed to a host; of its privileges those of the initiator are built.
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_privilegesOf(
     const CIMObjectPath& hardwareID, const InstanceShape& shape) {
     const String wanted =
         QRV_Common::extractFromInstanceID(QRV_Common::getStringProperty(hardwareID, "InstanceID"));
     const String host = hostOfInitiator(hardwareID);
-    Array<CIMInstance> ofHost, found;
-    if (host.size() == 0) return found;
+    Array<CIMInstance> found;
+    if (host.size() == 0 || wanted.size() == 0) return found;
     Array<String> hostNames;
     QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
-        _cimom, _nodeAddress, hostNames, _stringHashTable, ofHost, shape.includeQualifiers,
-        shape.includeClassOrigin, shape.propertyList, host, 0, QRV_NO_PORT, String::EMPTY, nullptr,
-        0);
-    for (Uint32 i = 0; i < ofHost.size(); ++i)
-        if (initiatorOf(ofHost[i].getPath()) == wanted) found.append(ofHost[i]);
+        _cimom, _nodeAddress, hostNames, _stringHashTable, found, shape.includeQualifiers,
+        shape.includeClassOrigin, shape.propertyList, host, 0, QRV_NO_PORT, wanted, nullptr, 0);
     return found;
 }
 

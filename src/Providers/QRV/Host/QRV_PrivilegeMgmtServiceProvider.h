@@ -9,8 +9,8 @@ namespace Pegasus {
 
 /// Instance and method provider of QRV_PrivilegeManagementService, of which there is one. It stands
 /// for the privileges as a whole; they follow from the VLUNs, so each of its methods fails.
-class QRV_PrivilegeMgmtServiceProvider
-    : public InstanceProvider<QRV_PrivilegeMgmtServiceProvider, CIMMethodProvider> {
+class QRV_PrivilegeMgmtServiceProvider : public InstanceProvider<QRV_PrivilegeMgmtServiceProvider>,
+                                         public CIMMethodProvider {
   public:
     QRV_PrivilegeMgmtServiceProvider();
 

@@ -162,17 +162,20 @@ void PrivilegeSearch::prepare() {
         _farClass = storedClass(_question.cimom, _controllers.controllerClass, _question.shape);
         _wanted =
             QRV_Common::extractFromInstanceID(QRV_Common::getStringProperty(source, "InstanceID"));
-        _filter.host = hostOfInitiator(source);
+        try {
+            _filter.host = hostOfInitiator(source);
+        } catch (...) {
+            // Without a host the walk goes over all VLUNs.
+        }
     } else if (_source == Source::Controller) {
         const String deviceID = QRV_Common::getStringProperty(source, "DeviceID");
         _farClass = storedClass(_question.cimom, HARDWARE_ID, _question.shape);
         _filter = filterOf(deviceID);
     }
-    _thisPath = CIMObjectPath(_question.systemAddress, source.getNameSpace(), source.getClassName(),
-                              source.getKeyBindings());
 }
 
 void PrivilegeSearch::run(hashtable_t* table) {
+    _thisPath = onHost(_question.objectName, _question.systemAddress);
     std::optional<VlunWalk> walk;
     StringTableScan seen(table);
     walk.emplace(_filter);
@@ -186,7 +189,7 @@ void PrivilegeSearch::run(hashtable_t* table) {
 }
 
 void PrivilegeSearch::takeVlun(api_vlun_t& vlun, api_HostsInfo_t& allHosts, StringTableScan& seen) {
-    if (hostOf(allHosts, vlun) == nullptr) return;
+    if (vlun.hostIndex == QRV_NO_HOST) return;
     String spcDeviceID(vlun.deviceID);
     Array<String> hwidInstIDs =
         QRV_SPCAssociatedPrivilegeProvider::getAssociatedHWIDInstIDs(allHosts, &vlun);

@@ -147,6 +147,7 @@ bool QRV_StorageClientSettingDataProvider::_beginEnumeration(const OperationCont
     openArray(FRAME, context);
     if (String::equal(operation, "enumerateInstanceNames"))
         checkClass(FRAME, classReference.getClassName());
+    traceClassName(classReference.getClassName());
     return true;
 }
 

@@ -16,7 +16,8 @@ namespace Pegasus {
 /// own return code and the reason. A method that throws has changed nothing, unless it says
 /// otherwise.
 class QRV_StorageHardwareIDManagementServiceProvider
-    : public InstanceProvider<QRV_StorageHardwareIDManagementServiceProvider, CIMMethodProvider> {
+    : public InstanceProvider<QRV_StorageHardwareIDManagementServiceProvider>,
+      public CIMMethodProvider {
   public:
     QRV_StorageHardwareIDManagementServiceProvider();
 
