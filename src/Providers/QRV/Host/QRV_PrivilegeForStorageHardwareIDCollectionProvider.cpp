@@ -53,7 +53,7 @@ VlunQuery controllersOf(const CIMObjectPath& privilege) {
 /// Whether a VLUN of the controller exports to the host. A VLUN without a host has an empty name
 /// for it, which no collection has.
 bool exportsTo(const CIMObjectPath& privilege, const String& hostName) {
-    if (hostName.size() == 0) return false;
+    if (hostName.size() == 0 || privilege.getClassName().isNull()) return false;
     const VlunQuery controllers = controllersOf(privilege);
     for (unsigned int i = 0; i < controllers->count; ++i)
         if (hostName == controllers->vluns[i].hostname) return true;
