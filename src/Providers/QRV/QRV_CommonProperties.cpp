@@ -35,8 +35,10 @@ constexpr const char* TYPE_TAG<CIMDateTime> = "CIMDateTime";
 enum ReadResult { READ_VALUE = 0, READ_MISSING = 3, READ_NULL = 4 };
 
 /// Where a property stands. A name that no property can have is no error: nothing has it.
-Uint32 findProperty(const CIMInstance& instance, const String& name) {
-    return CIMName::legal(name) ? instance.findProperty(name) : PEG_NOT_FOUND;
+Uint32 findProperty(const CIMInstance& instance, const String& name) try {
+    return instance.findProperty(name);
+} catch (const InvalidNameException&) {
+    return PEG_NOT_FOUND;
 }
 
 template <class T>

@@ -3,6 +3,7 @@
 #include <arpa/inet.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <string>
 #include <string_view>
@@ -15,10 +16,6 @@ namespace {
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
-}
-bool isLetterOrUnderscore(char c) {
-    const char lower = char(c | 0x20);
-    return (lower >= 'a' && lower <= 'z') || c == '_';
 }
 
 bool isNumber(std::string_view text) {
@@ -45,19 +42,32 @@ bool isIpv4(std::string_view text) {
     return isOctet(text);
 }
 
-bool isLabel(std::string_view text) {
-    const auto isLegal = [](char c) { return isDigit(c) || isLetterOrUnderscore(c) || c == '-'; };
-    return !text.empty() && text[0] != '-' && std::all_of(text.begin(), text.end(), isLegal);
-}
+/// Which characters a label of a name is made of, by their codes.
+constexpr std::array<bool, 128> LABEL_CHARACTERS = [] {
+    std::array<bool, 128> legal{};
+    for (const char c : "-_0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ")
+        legal[static_cast<std::size_t>(c)] = c != '\0';
+    return legal;
+}();
 
-bool isName(std::string_view text) {
-    while (true) {
-        const auto dot = text.find('.');
-        const auto label = text.substr(0, dot);
-        if (!isLabel(label)) return false;
-        if (dot == std::string_view::npos) return !isNumber(label);
-        text.remove_prefix(dot + 1);
+/// Labels with dots between them, of which the last isn't a number. Every path with a host comes
+/// through here, so it looks at each character once.
+template <class Character>
+bool isName(const Character* text, std::size_t size) {
+    bool starts = true;
+    bool number = true;
+    for (std::size_t i = 0; i < size; ++i) {
+        const unsigned c = text[i];
+        if (c >= LABEL_CHARACTERS.size() || !LABEL_CHARACTERS[c]) {
+            if (c != '.' || starts) return false;
+            starts = number = true;
+            continue;
+        }
+        if (starts && c == '-') return false;
+        number = number && c >= '0' && c <= '9';
+        starts = false;
     }
+    return !starts && !number;
 }
 
 /// What follows the host: nothing, or a colon and a port, which may be empty.
@@ -79,16 +89,18 @@ bool isBracketedHost(std::string_view text) {
 }  // namespace
 
 bool isHost(const String& text) {
-    std::string ascii;
-    for (Uint32 i = 0; i < text.size(); ++i) {
-        if (text[i] == Char16() || text[i] >= 0x80) return false;
-        ascii += char(text[i]);
+    const Char16* const chars = text.getChar16Data();
+    if (isName(chars, text.size())) return true;
+    std::string ascii(text.size(), '\0');
+    for (std::size_t i = 0; i < ascii.size(); ++i) {
+        if (chars[i] == Char16() || chars[i] >= 0x80) return false;
+        ascii[i] = char(chars[i]);
     }
     const std::string_view all(ascii);
     if (!all.empty() && all[0] == '[') return isBracketedHost(all);
     const auto colon = std::min(all.find(':'), all.size());
     const auto host = all.substr(0, colon);
-    return (isName(host) || isIpv4(host)) && isPortPart(all.substr(colon));
+    return (isName(host.data(), host.size()) || isIpv4(host)) && isPortPart(all.substr(colon));
 }
 
 }  // namespace cimserver
