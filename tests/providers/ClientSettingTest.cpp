@@ -102,6 +102,7 @@ TEST_F(ClientSettingTest, personaNumbersInKeys) {
                                                     {"xORVELIS:PERSONA-12ab", 12},
                                                     {"ORVELIS:PERSONA-", 0},
                                                     {"ORVELIS:PERSONA-x7", 0},
+                                                    {"ORVELIS:PERSONA-4294967303", 0},
                                                     {"PERSONA-7", 0},
                                                     {"", 0},
                                                     {"ORVELIS:PERSONA-2147483647", 2147483647}};

@@ -53,6 +53,7 @@ TEST_F(ControllersTest, aDeviceIDTellsKindHostAndPort) {
         {"HS:0:1", false, 2, "alpha", "", 1},
         {"HS:99", false, 2, "", "", 1},
         {"HS:x0", false, 2, "", "", 0},
+        {"HS:4294967297", false, 2, "", "", 0},
         {"HSet:1", false, 3, "beta", "", 1},
         {"PP:0:2:1", false, 4, "", "0:2:1", 0},
         {"PP:0:2:1:1", false, 4, "", "0:2:1", 0},

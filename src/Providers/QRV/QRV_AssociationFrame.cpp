@@ -1,5 +1,7 @@
 #include "QRV_AssociationFrame.h"
 
+#include <Pegasus/Provider/ProviderException.h>
+
 #include "QRV_Common.h"
 
 namespace Pegasus {
@@ -48,6 +50,14 @@ bool sourceExists(CIMOMHandle& cimom, const OperationContext& context,
         log_message(level, "%s%s\n", text, static_cast<const char*>(path));
         return false;
     }
+}
+
+CIMObjectPath requireOnly(CIMOMHandle& cimom, const CIMName& className) {
+    const Array<CIMObjectPath> paths =
+        cimom.enumerateInstanceNames(OperationContext(), QRV_NAMESPACE, className);
+    if (paths.size() == 0)
+        throw CIMObjectNotFoundException(className.getString() + " CIM Object not found.");
+    return paths[0];
 }
 
 void deliverObjects(const Array<CIMInstance>& found, ObjectResponseHandler& handler) {

@@ -9,6 +9,12 @@
 
 namespace Pegasus {
 
+/// What makes an association class of several that are alike.
+struct AssociationKind {
+    ProviderFrame frame;
+    AssociationRules rules;
+};
+
 /// The opening steps of an association operation: trace of the request, open, check of the names.
 /// Returns false, with a log line of `refusalLevel`, for a request that is refused: the operation
 /// then ends without touching its handler, so the client gets an empty answer and no error.
@@ -24,6 +30,10 @@ bool openAssociation(const ProviderFrame&, const AssociationRules&, const Operat
 /// with the path in it, when there is none. Exceptions that aren't the CIM server's pass.
 bool sourceExists(CIMOMHandle&, const OperationContext&, const CIMObjectPath& objectName, int level,
                   const char* text = "Instance does not exist for object ");
+
+/// The path of the one instance of a class that has to be there. Throws CIMObjectNotFoundException
+/// when there is none.
+CIMObjectPath requireOnly(CIMOMHandle&, const CIMName& className);
 
 /// Delivers what an operation found, as deliverInstances() does.
 void deliverObjects(const Array<CIMInstance>& found, ObjectResponseHandler&);

@@ -1,4 +1,4 @@
-#include <cstdio>
+#include <optional>
 
 #include "QRV_ArrayGate.h"
 #include "QRV_ArrayRecords.h"
@@ -60,14 +60,13 @@ lpid_t iscsiPortOf(const String& deviceID) {
 
 /// The name of the host with the number that a text begins with; empty when there is none.
 String hostNameOf(const String& idText) {
-    unsigned int id = 0;
-    // NOLINTNEXTLINE(cert-err34-c): C leaves open what a number that doesn't fit names
-    if (std::sscanf(idText.getCString(), "%u", &id) != 1) return String();
+    const std::optional<Uint32> id = leadingNumber(idText);
+    if (!id) return String();
     HostList hosts;
     callArrayForStatus(
         [&] { return api_getHosts(nullptr, QRV_NO_WWN, nullptr, hosts.receive(), 1, 1); });
     for (unsigned int i = 0; i < hosts->count; ++i)
-        if (hosts->hosts[i].id == id) return arrayText(hosts->hosts[i].name);
+        if (hosts->hosts[i].id == *id) return arrayText(hosts->hosts[i].name);
     return String();
 }
 
@@ -205,13 +204,13 @@ CIMInstance QRV_Common::buildSPCInstance(String systemClass, CIMClass scsiContro
                                          api_vlun_t* curVlunPtr, const String& sysName,
                                          const String& hostAddr) {
     const CIMName className = scsiControllerClass.getClassName();
-    const String deviceID(curVlunPtr->deviceID);
+    const String deviceID = arrayText(curVlunPtr->deviceID);
     CIMInstance instance = buildInstanceSkeleton(scsiControllerClass);
     setPropertyValue(instance, SYSTEM_CREATION_CLASS_NAME, systemClass);
     setPropertyValue(instance, SYSTEM_NAME, sysName);
     setPropertyValue(instance, CREATION_CLASS_NAME, className.getString());
     setPropertyValue(instance, DEVICE_ID, deviceID);
-    setPropertyValue(instance, ELEMENT_NAME, String(curVlunPtr->hostname));
+    setPropertyValue(instance, ELEMENT_NAME, arrayText(curVlunPtr->hostname));
     setName(instance, controllerClassOf(className), *curVlunPtr);
     setStatus(instance, curVlunPtr->isTemplate != 0);
     instance.setPath(buildSPCObjectPath(systemClass, hostAddr, sysName, deviceID, className));

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "QRV_Common.h"
+#include "QRV_InstanceID.h"
 #include "QRV_OperationFrame.h"
 
 namespace Pegasus {
@@ -578,9 +579,7 @@ void QRV_Common::getDSPAllocUnitBoundaryValues(Uint64& max, Uint64& min, Uint64&
 CIMObjectPath QRV_Common::buildSettingCapObjectPath(const String& systemAddress,
                                                     const CIMName& className,
                                                     const String& instanceID) {
-    Array<CIMKeyBinding> keys;
-    keys.append(CIMKeyBinding("InstanceID", instanceID, CIMKeyBinding::STRING));
-    return CIMObjectPath(systemAddress, QRV_NAMESPACE, className, keys);
+    return pathByInstanceID(systemAddress, className, instanceID);
 }
 
 void QRV_Common::fillInRAIDProperties(CIMInstance& instance, const String& systemAddress,

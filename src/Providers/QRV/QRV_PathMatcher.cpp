@@ -91,7 +91,7 @@ bool PathMatcher::matches(const CIMObjectPath& candidate) const {
     return _normalized->identical(normalizedPath(candidate));
 }
 
-CIMObjectPath ofClass(const CIMObjectPath& path, const CIMName& className) {
+CIMObjectPath underClass(const CIMObjectPath& path, const CIMName& className) {
     CIMObjectPath result = path;
     result.setClassName(className);
     return result;

@@ -27,7 +27,7 @@ class PathMatcher {
 
 /// The path as one of another class with the same keys, for a request that may name an instance by
 /// its class's parent.
-CIMObjectPath ofClass(const CIMObjectPath& path, const CIMName& className);
+CIMObjectPath underClass(const CIMObjectPath& path, const CIMName& className);
 
 /// The first of the instances that `instanceName` names; nothing when there is none.
 Array<CIMInstance> matching(const CIMObjectPath& instanceName, const Array<CIMInstance>& instances);

@@ -3,18 +3,22 @@
 
 #include <qrvapi.h>
 
+#include <memory>
+
 namespace Pegasus {
 
-/// A provider's table; null when there is no memory for it. It goes back to deleteStringTable().
-inline hashtable_t* createStringTable() {
-    hashtable_t* const table = create_string_hashtable(500, 0.75f);
-    if (table != nullptr) set_invalid_value(table, 0);
-    return table;
-}
+/// Gives a table back to the library.
+struct DeleteStringTable {
+    void operator()(hashtable_t* table) const { delete_hashtable(table); }
+};
 
-/// Null is allowed.
-inline void deleteStringTable(hashtable_t* table) {
-    if (table != nullptr) delete_hashtable(table);
+/// A provider's table; null when there is no memory for it.
+using StringTable = std::unique_ptr<hashtable_t, DeleteStringTable>;
+
+inline StringTable createStringTable() {
+    StringTable table(create_string_hashtable(500, 0.75f));
+    if (table) set_invalid_value(table.get(), 0);
+    return table;
 }
 
 /// One scan over a provider's table: locks it, and clears and unlocks it when the scope ends. Scans

@@ -2,6 +2,9 @@
 
 #include <Pegasus/Common/Exception.h>
 
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
 #include <string>
 
 namespace Pegasus {
@@ -37,6 +40,23 @@ String arrayText(const char* text) try { return String(text); } catch (const Exc
         at += character == "?" ? 1 : length;
     }
     return repaired;
+}
+
+std::optional<Uint32> leadingNumber(const String& text) {
+    const CString digits = text.getCString();
+    char* end = nullptr;
+    const unsigned long long number = std::strtoull(digits, &end, 10);
+    if (end == static_cast<const char*>(digits) || number > std::numeric_limits<Uint32>::max())
+        return std::nullopt;
+    return static_cast<Uint32>(number);
+}
+
+bool readWwn(const String& text, qrv_u64& wwn) {
+    unsigned long long number = 0;
+    // NOLINTNEXTLINE(cert-err34-c): sixteen digits always fit
+    if (std::sscanf(text.getCString(), "%16llX", &number) != 1) return false;
+    wwn = number;
+    return true;
 }
 
 }  // namespace Pegasus

@@ -1,10 +1,12 @@
-// Texts in the fixed fields of the array's records.
+// Texts in the fixed fields of the array's records, and the numbers in texts.
 #pragma once
 
 #include <Pegasus/Common/String.h>
+#include <qrvapi.h>
 
 #include <cstddef>
 #include <cstring>
+#include <optional>
 
 namespace Pegasus {
 
@@ -22,5 +24,13 @@ void copyText(char (&field)[SIZE], const char* text) {
 /// A text that the array gives. What isn't UTF-8 in it, as when a field has cut a character, is
 /// shown as question marks.
 String arrayText(const char* text);
+
+/// The number that a text begins with; nothing when it begins with none, or with one that is
+/// negative or too large.
+std::optional<Uint32> leadingNumber(const String& text);
+
+/// Reads the up to 16 hexadecimal digits that a text begins with. Returns false, and leaves `wwn`,
+/// without any.
+bool readWwn(const String& text, qrv_u64& wwn);
 
 }  // namespace Pegasus

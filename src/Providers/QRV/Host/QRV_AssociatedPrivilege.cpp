@@ -4,8 +4,7 @@
 
 namespace Pegasus {
 
-AssociatedPrivilegeKind associatedPrivilegeKind(const char* provider,
-                                                const Controllers& controllers) {
+AssociationKind associatedPrivilegeKind(const char* provider, const Controllers& controllers) {
     const char* const own = controllers.associatedPrivilegeClass;
     const char* const controller = controllers.controllerClass;
     return {{provider, provider, "CIM_AssociatedPrivilege", own, 3, " Expect three keys."},
@@ -27,15 +26,14 @@ AssociatedPrivilegeKind associatedPrivilegeKind(const char* provider,
                "Subject",
                {},
                {"CIM_SCSIProtocolController", "CIM_ProtocolController", "CIM_LogicalDevice",
-                "CIM_EnabledLogicalElement", "CIM_LogicalElement", "CIM_ManagedSystemElement"}}}},
-            own};
+                "CIM_EnabledLogicalElement", "CIM_LogicalElement", "CIM_ManagedSystemElement"}}}}};
 }
 
 void AssociatedPrivilege::walk(const OperationContext& context, const CIMObjectPath& objectName,
                                const InstanceShape& shape, cim_method_e method,
                                cim_handler_u handler) {
     QRV_SPCAssociatedPrivilegeProvider::getRelatedInstances(
-        _cimom, objectName, context, _systemName, _systemAddress, _kind.associationClass,
+        _cimom, objectName, context, _systemName, _systemAddress, _kind.frame.qrvClass,
         shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList, _table, method,
         handler);
 }
@@ -44,7 +42,7 @@ void AssociatedPrivilege::getInstance(const OperationContext& context,
                                       const CIMObjectPath& instanceName, const InstanceShape& shape,
                                       InstanceResponseHandler& handler) {
     QRV_SPCAssociatedPrivilegeProvider::deliverAssociationInstance(
-        _cimom, instanceName, context, _systemName, _systemAddress, _kind.associationClass,
+        _cimom, instanceName, context, _systemName, _systemAddress, _kind.frame.qrvClass,
         shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList, _table,
         QRVCIM_GETINSTANCE, handlerOf(handler));
 }

@@ -10,21 +10,13 @@
 
 namespace Pegasus {
 
-/// What makes one such class.
-struct AssociatedPrivilegeKind {
-    ProviderFrame frame;
-    AssociationRules rules;
-    CIMName associationClass;
-};
-
 /// The class for these controllers. `provider` outlives the result.
-AssociatedPrivilegeKind associatedPrivilegeKind(const char* provider,
-                                                const Controllers& controllers);
+AssociationKind associatedPrivilegeKind(const char* provider, const Controllers& controllers);
 
 /// One such class at work, over the members of its provider, which outlive it.
 class AssociatedPrivilege {
   public:
-    AssociatedPrivilege(const AssociatedPrivilegeKind& kind, CIMOMHandle& cimom, String& systemName,
+    AssociatedPrivilege(const AssociationKind& kind, CIMOMHandle& cimom, String& systemName,
                         String& systemAddress, hashtable_t* table)
         : _kind(kind),
           _cimom(cimom),
@@ -42,7 +34,7 @@ class AssociatedPrivilege {
                      const InstanceShape& shape, InstanceResponseHandler& handler);
 
   private:
-    const AssociatedPrivilegeKind& _kind;
+    const AssociationKind& _kind;
     CIMOMHandle& _cimom;
     String& _systemName;
     String& _systemAddress;

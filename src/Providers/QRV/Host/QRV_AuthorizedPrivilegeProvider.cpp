@@ -2,6 +2,7 @@
 
 #include <Pegasus/Provider/ProviderException.h>
 
+#include "../QRV_InstanceID.h"
 #include "../QRV_StoredClass.h"
 #include "../QRV_StringTable.h"
 #include "../QRV_Text.h"
@@ -90,10 +91,9 @@ bool isWanted(const String& hwidInstID, const String& wanted) {
 
 }  // namespace
 
-QRV_AuthorizedPrivilegeProvider::QRV_AuthorizedPrivilegeProvider() : _stringHashTable(nullptr) {}
+QRV_AuthorizedPrivilegeProvider::QRV_AuthorizedPrivilegeProvider() = default;
 
-QRV_AuthorizedPrivilegeProvider::QRV_AuthorizedPrivilegeProvider(const CIMObjectPath&)
-    : _stringHashTable(nullptr) {
+QRV_AuthorizedPrivilegeProvider::QRV_AuthorizedPrivilegeProvider(const CIMObjectPath&) {
     refuseObjectPathConstructor(FRAME);
 }
 
@@ -105,16 +105,10 @@ const ProviderFrame& QRV_AuthorizedPrivilegeProvider::_frame() {
 
 void QRV_AuthorizedPrivilegeProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_AuthorizedPrivilegeProvider::initialize(cimom)");
-    _stringHashTable = nullptr;
     _cimom = cimom;
     _nodeAddress = QRV_Common::getSystemHostName(cimom);
     _systemName = QRV_Common::getSystemName(cimom);
     _stringHashTable = createStringTable();
-}
-
-void QRV_AuthorizedPrivilegeProvider::terminate() {
-    deleteStringTable(_stringHashTable);
-    delete this;
 }
 
 /// The client's flags and list play no part: a privilege has few properties.
@@ -161,7 +155,7 @@ void QRV_AuthorizedPrivilegeProvider::_buildInstances(const CIMObjectPath& class
                     static_cast<const char*>(filter.host.getCString()));
     }
     Array<String> hostNames;
-    buildOrDeliverInstances(_cimom, _nodeAddress, hostNames, _stringHashTable, instances,
+    buildOrDeliverInstances(_cimom, _nodeAddress, hostNames, _stringHashTable.get(), instances,
                             shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList,
                             filter.host, filter.vlunType, filter.portLPID, hwidInstID, handler,
                             isdeliverPath);
@@ -224,9 +218,7 @@ CIMInstance QRV_AuthorizedPrivilegeProvider::buildInstance(CIMClass& privclass, 
 
 CIMObjectPath QRV_AuthorizedPrivilegeProvider::buildInstanceName(String& nodeAddress,
                                                                  String& instanceID) {
-    Array<CIMKeyBinding> keys;
-    keys.append(CIMKeyBinding(INSTANCE_ID, instanceID, CIMKeyBinding::STRING));
-    return CIMObjectPath(nodeAddress, QRV_NAMESPACE, PRIVILEGE_CLASS, keys);
+    return pathByInstanceID(nodeAddress, PRIVILEGE_CLASS, instanceID);
 }
 
 String QRV_AuthorizedPrivilegeProvider::buildInstanceID(String& spcDeviceID, String& hwidInstID) {

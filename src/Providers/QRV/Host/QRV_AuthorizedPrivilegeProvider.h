@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../QRV_InstanceProvider.h"
+#include "../QRV_StringTable.h"
 
 namespace Pegasus {
 
@@ -19,8 +20,6 @@ class QRV_AuthorizedPrivilegeProvider : public InstanceProvider<QRV_AuthorizedPr
     ~QRV_AuthorizedPrivilegeProvider() override;
 
     void initialize(CIMOMHandle& cimom) override;
-
-    void terminate() override;
 
     /// The privilege of the hardware ID `initiatorID` on the controller `spcDeviceID`, with its
     /// path on the host `systemAddress`.
@@ -73,7 +72,7 @@ class QRV_AuthorizedPrivilegeProvider : public InstanceProvider<QRV_AuthorizedPr
     CIMOMHandle _cimom;
     String _nodeAddress;
     String _systemName;
-    hashtable_t* _stringHashTable;
+    StringTable _stringHashTable;
 };
 
 }  // namespace Pegasus

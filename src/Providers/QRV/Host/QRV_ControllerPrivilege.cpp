@@ -4,9 +4,8 @@
 
 namespace Pegasus {
 
-ControllerPrivilegeKind controllerPrivilegeKind(const char* provider,
-                                                const Controllers& controllers,
-                                                const ClassNames& associatorResults) {
+AssociationKind controllerPrivilegeKind(const char* provider, const Controllers& controllers,
+                                        const ClassNames& associatorResults) {
     const char* const own = controllers.privilegeClass;
     return {{provider, provider, "CIM_AuthorizedTarget", own, 2, " Expect two keys."},
             {{"QRV_AuthorizedPrivilege", "CIM_AuthorizedPrivilege", "CIM_Privilege",
@@ -24,15 +23,14 @@ ControllerPrivilegeKind controllerPrivilegeKind(const char* provider,
                "TargetElement",
                "Privilege",
                {},
-               {"CIM_ProtocolController", "CIM_SCSIProtocolController"}}}},
-            own};
+               {"CIM_ProtocolController", "CIM_SCSIProtocolController"}}}}};
 }
 
 Array<CIMInstance> ControllerPrivilege::related(const CIMObjectPath& objectName,
                                                 const OperationContext& context,
                                                 const InstanceShape& shape) {
     return QRV_PrivilegeForSCSIControllerProvider::getRelatedInstances(
-        _cimom, objectName, context, _systemName, _systemAddress, _kind.associationClass,
+        _cimom, objectName, context, _systemName, _systemAddress, _kind.frame.qrvClass,
         shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList, _table);
 }
 
@@ -40,7 +38,7 @@ Array<CIMInstance> ControllerPrivilege::associations(const CIMObjectPath& object
                                                      const OperationContext& context,
                                                      const InstanceShape& shape) {
     return QRV_PrivilegeForSCSIControllerProvider::buildAssociationInstances(
-        _cimom, objectName, context, _systemName, _systemAddress, _kind.associationClass,
+        _cimom, objectName, context, _systemName, _systemAddress, _kind.frame.qrvClass,
         shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList, _table);
 }
 

@@ -9,23 +9,15 @@
 
 namespace Pegasus {
 
-/// What makes one such class.
-struct ControllerPrivilegeKind {
-    ProviderFrame frame;
-    AssociationRules rules;
-    CIMName associationClass;
-};
-
 /// The class for these controllers; `associatorResults` are the result classes it takes. `provider`
 /// outlives the result.
-ControllerPrivilegeKind controllerPrivilegeKind(const char* provider,
-                                                const Controllers& controllers,
-                                                const ClassNames& associatorResults);
+AssociationKind controllerPrivilegeKind(const char* provider, const Controllers& controllers,
+                                        const ClassNames& associatorResults);
 
 /// One such class at work, over the members of its provider, which outlive it.
 class ControllerPrivilege {
   public:
-    ControllerPrivilege(const ControllerPrivilegeKind& kind, CIMOMHandle& cimom, String& systemName,
+    ControllerPrivilege(const AssociationKind& kind, CIMOMHandle& cimom, String& systemName,
                         String& systemAddress, hashtable_t* table)
         : _kind(kind),
           _cimom(cimom),
@@ -41,7 +33,7 @@ class ControllerPrivilege {
                                     const OperationContext& context, const InstanceShape& shape);
 
   private:
-    const ControllerPrivilegeKind& _kind;
+    const AssociationKind& _kind;
     CIMOMHandle& _cimom;
     String& _systemName;
     String& _systemAddress;

@@ -10,8 +10,6 @@ namespace Pegasus {
 
 namespace {
 
-constexpr Uint32 DEFAULT_PERSONA = 2;
-
 /// CIM_ElementSettingData.IsDefault and IsCurrent. Only a host's present persona is ever linked.
 constexpr Uint16 IS_DEFAULT = 1;
 constexpr Uint16 IS_NOT_DEFAULT = 2;

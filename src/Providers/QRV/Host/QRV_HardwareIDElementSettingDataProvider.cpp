@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "../QRV_StoredClass.h"
+#include "../QRV_Text.h"
 #include "QRV_HardwareIDMethods.h"
 #include "QRV_StorageHardwareIDProvider.h"
 

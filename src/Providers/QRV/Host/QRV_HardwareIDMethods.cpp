@@ -1,7 +1,5 @@
 #include "QRV_HardwareIDMethods.h"
 
-#include <cstdio>
-
 #include "../QRV_Common.h"
 #include "../QRV_InstanceID.h"
 #include "../QRV_Text.h"
@@ -9,11 +7,7 @@
 
 namespace Pegasus {
 
-namespace {
-
-constexpr Uint32 DEFAULT_PERSONA = 2;
-
-}  // namespace
+namespace {}  // namespace
 
 MethodParameter reference(const MethodCall& call, const char* name, CIMObjectPath& target,
                           const CIMName& className, const String& systemAddress,
@@ -64,10 +58,6 @@ String requireHost(const MethodCall& call, const CIMObjectPath& collection) {
                   String("invalid StorageHardwareIDCollection path ") + collection.toString(),
                   " invalid collection path");
     return hostname;
-}
-
-bool readWwn(const String& text, qrv_u64& wwn) {
-    return std::sscanf(text.getCString(), "%16llX", &wwn) == 1;
 }
 
 void copyIscsiName(iscsi_name_t& field, const String& name) {

@@ -33,9 +33,6 @@ void requireCollection(const MethodCall& call, const CIMObjectPath& collection);
 /// The host that a Collection names. One that names none fails the call.
 String requireHost(const MethodCall& call, const CIMObjectPath& collection);
 
-/// Reads a WWN from up to 16 hexadecimal digits; false when there are none.
-bool readWwn(const String& text, qrv_u64& wwn);
-
 /// Copies an iSCSI name as the array takes it: cut to its size, always NUL-terminated.
 void copyIscsiName(iscsi_name_t& field, const String& name);
 

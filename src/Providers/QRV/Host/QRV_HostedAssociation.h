@@ -101,7 +101,7 @@ class HostedAssociationProvider : public AssociationProvider<Provider> {
     void _getInstance(const OperationContext& context, const CIMObjectPath& instanceName,
                       const InstanceShape& shape, InstanceResponseHandler& handler) {
         deliverFound(_frame(),
-                     matching(ofClass(instanceName, _frame().qrvClass),
+                     matching(underClass(instanceName, _frame().qrvClass),
                               _buildAllAssociationInstances(context, shape)),
                      handler);
     }

@@ -28,11 +28,6 @@ const CIMName ASSOCIATION("QRV_MemberOfStorageHardwareIDCollection");
 const CIMName HARDWARE_ID("QRV_StorageHardwareID");
 const CIMName COLLECTION("QRV_StorageHardwareIDCollection");
 
-CIMObjectPath collectionPath(const String& nodeAddress, const String& hostName) {
-    return QRV_StorageHardwareIDCollectionProvider::buildInstanceName(
-        nodeAddress, String("ORVELIS:") + hostName);
-}
-
 /// The host that a hardware ID belongs to; empty when it belongs to none.
 String hostOf(const CIMInstance& hardwareID) {
     if (QRV_Common::getStringProperty(hardwareID, "StorageID").size() == 0) return String();
@@ -51,7 +46,8 @@ void forEachMembership(const Array<CIMInstance>& hardwareIDs, const String& node
     for (Uint32 i = 0; i < hardwareIDs.size(); ++i) {
         const String hostName = hostOf(hardwareIDs[i]);
         if (hostName.size() > 0 &&
-            !take(collectionPath(nodeAddress, hostName), hardwareIDs[i].getPath()))
+            !take(QRV_StorageHardwareIDCollectionProvider::pathOfHost(nodeAddress, hostName),
+                  hardwareIDs[i].getPath()))
             return;
     }
 }
@@ -83,7 +79,7 @@ void QRV_MemberOfStorageHardwareIDCollectionProvider::_getInstance(
     const OperationContext& context, const CIMObjectPath& instanceName, const InstanceShape& shape,
     InstanceResponseHandler& handler) {
     CIMClass cimClass = storedClass(_cimom, ASSOCIATION, {false, false, shape.propertyList});
-    const PathMatcher wanted(ofClass(instanceName, ASSOCIATION));
+    const PathMatcher wanted(underClass(instanceName, ASSOCIATION));
     Array<CIMInstance> found;
     forEachMembership(_allHardwareIDs(context), _nodeAddress,
                       [&](const CIMObjectPath& collection, const CIMObjectPath& member) {
@@ -164,7 +160,8 @@ Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_collectionO
     const String hostName = source.isUninitialized() ? String() : hostOf(source);
     if (hostName.size() == 0) return collections;
     const CIMInstance collection =
-        tryGetInstance(_cimom, context, collectionPath(_nodeAddress, hostName),
+        tryGetInstance(_cimom, context,
+                       QRV_StorageHardwareIDCollectionProvider::pathOfHost(_nodeAddress, hostName),
                        shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList);
     if (!collection.isUninitialized()) collections.append(collection);
     return collections;

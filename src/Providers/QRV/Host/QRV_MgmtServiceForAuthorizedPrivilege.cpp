@@ -79,8 +79,7 @@ void QRV_MgmtServiceForAuthorizedPrivilege::initialize(CIMOMHandle& cimom) {
     _mgmtSvcClassName = CIMName("QRV_PrivilegeManagementService");
     _authPrvlClassName = CIMName("QRV_AuthorizedPrivilege");
     _systemAddr = QRV_Common::getSystemHostName(cimom);
-    _mgmtSvcPath =
-        _cimom.enumerateInstanceNames(OperationContext(), _qrvNameSpaceName, _mgmtSvcClassName)[0];
+    _mgmtSvcPath = requireOnly(_cimom, _mgmtSvcClassName);
 }
 
 bool QRV_MgmtServiceForAuthorizedPrivilege::_accepts(const OperationContext& context,

@@ -110,8 +110,7 @@ void QRV_MgmtServicesForStorageHWIDCollectionProvider::initialize(CIMOMHandle& c
     const OperationTrace trace(
         "QRV_MgmtServicesForStorageHWIDCollectionProvider::initialize(cimom)");
     _cimom = cimom;
-    _storageHWIDMgmtServicePath =
-        _cimom.enumerateInstanceNames(OperationContext(), QRV_NAMESPACE, SERVICE)[0];
+    _storageHWIDMgmtServicePath = requireOnly(_cimom, SERVICE);
     _systemAddr = QRV_Common::getSystemHostName(cimom);
 }
 
@@ -140,7 +139,7 @@ void QRV_MgmtServicesForStorageHWIDCollectionProvider::_getInstance(
     const OperationContext& context, const CIMObjectPath& instanceName, const InstanceShape& shape,
     InstanceResponseHandler& handler) {
     deliverFound(FRAME,
-                 matching(ofClass(instanceName, ASSOCIATION),
+                 matching(underClass(instanceName, ASSOCIATION),
                           _buildAssociationInstances(_storageHWIDMgmtServicePath, context, shape)),
                  handler);
 }

@@ -10,7 +10,7 @@ namespace Pegasus {
 
 namespace {
 
-const ControllerPrivilegeKind KIND = controllerPrivilegeKind(
+const AssociationKind KIND = controllerPrivilegeKind(
     "QRV_PrivilegeForSCSIControllerProvider", FC_CONTROLLERS,
     {"QRV_AuthorizedPrivilege", "CIM_AuthorizedPrivilege", "CIM_Privilege", "QRV_SCSIController",
      "CIM_ProtocolController", "CIM_SCSIProtocolController"});
@@ -141,31 +141,24 @@ Array<CIMInstance> controllerOf(const Question& question, const Controllers& con
 
 }  // namespace
 
-QRV_PrivilegeForSCSIControllerProvider::QRV_PrivilegeForSCSIControllerProvider()
-    : _stringHashTable(nullptr) {}
+QRV_PrivilegeForSCSIControllerProvider::QRV_PrivilegeForSCSIControllerProvider() = default;
 
 QRV_PrivilegeForSCSIControllerProvider::~QRV_PrivilegeForSCSIControllerProvider() = default;
 
-const ControllerPrivilegeKind& QRV_PrivilegeForSCSIControllerProvider::_kind() {
+const AssociationKind& QRV_PrivilegeForSCSIControllerProvider::_kind() {
     return KIND;
 }
 
 ControllerPrivilege QRV_PrivilegeForSCSIControllerProvider::_privileges() {
-    return ControllerPrivilege(KIND, _cimom, _systemName, _systemAddress, _stringHashTable);
+    return ControllerPrivilege(KIND, _cimom, _systemName, _systemAddress, _stringHashTable.get());
 }
 
 void QRV_PrivilegeForSCSIControllerProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_PrivilegeForSCSIControllerProvider::initialize(cimom)");
-    _stringHashTable = nullptr;
     _cimom = cimom;
     _systemAddress = QRV_Common::getSystemHostName(cimom);
     _systemName = QRV_Common::getSystemName(cimom);
     _stringHashTable = createStringTable();
-}
-
-void QRV_PrivilegeForSCSIControllerProvider::terminate() {
-    deleteStringTable(_stringHashTable);
-    delete this;
 }
 
 Array<CIMInstance> QRV_PrivilegeForSCSIControllerProvider::buildAssociationInstances(

@@ -16,8 +16,6 @@ class QRV_PrivilegeForSCSIControllerProvider
 
     void initialize(CIMOMHandle& cimom) override;
 
-    void terminate() override;
-
     /// The associations of `assocClassName`, QRV_PrivilegeForSCSIController or its iSCSI twin:
     /// those that link `objectName`, the one that it names when it is of that class, or all of them
     /// when it has no class. Failures of up-calls leave associations out.
@@ -43,13 +41,13 @@ class QRV_PrivilegeForSCSIControllerProvider
     friend class AssociationProvider;
     friend class ControllerPrivilegeProvider<QRV_PrivilegeForSCSIControllerProvider>;
 
-    static const ControllerPrivilegeKind& _kind();
+    static const AssociationKind& _kind();
     ControllerPrivilege _privileges();
 
     CIMOMHandle _cimom;
     String _systemAddress;
     String _systemName;
-    hashtable_t* _stringHashTable;
+    StringTable _stringHashTable;
 };
 
 }  // namespace Pegasus

@@ -1,7 +1,6 @@
 #include "QRV_PrivilegeForStorageHardwareIDCollectionProvider.h"
 
 #include "../QRV_ArrayGate.h"
-#include "../QRV_StringTable.h"
 #include "../QRV_VlunWalk.h"
 #include "QRV_AuthorizedPrivilegeProvider.h"
 #include "QRV_PrivilegeKey.h"
@@ -63,8 +62,7 @@ bool exportsTo(const CIMObjectPath& privilege, const String& hostName) {
 }  // namespace
 
 QRV_PrivilegeForStorageHardwareIDCollectionProvider::
-    QRV_PrivilegeForStorageHardwareIDCollectionProvider()
-    : _stringHashTable(nullptr) {}
+    QRV_PrivilegeForStorageHardwareIDCollectionProvider() = default;
 
 QRV_PrivilegeForStorageHardwareIDCollectionProvider::
     ~QRV_PrivilegeForStorageHardwareIDCollectionProvider() = default;
@@ -80,22 +78,10 @@ const AssociationRules& QRV_PrivilegeForStorageHardwareIDCollectionProvider::_ru
 void QRV_PrivilegeForStorageHardwareIDCollectionProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace(
         "QRV_PrivilegeForStorageHardwareIDCollectionProvider::initialize(cimom)");
-    _stringHashTable = nullptr;
     _cimom = cimom;
     _nodeAddress = QRV_Common::getSystemHostName(cimom);
     _systemName = QRV_Common::getSystemName(cimom);
     _stringHashTable = createStringTable();
-}
-
-void QRV_PrivilegeForStorageHardwareIDCollectionProvider::terminate() {
-    deleteStringTable(_stringHashTable);
-    delete this;
-}
-
-CIMObjectPath QRV_PrivilegeForStorageHardwareIDCollectionProvider::_collectionPath(
-    const String& hostName) const {
-    return QRV_StorageHardwareIDCollectionProvider::buildInstanceName(
-        _nodeAddress, String("ORVELIS:") + hostName);
 }
 
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_buildAssociationInstances(
@@ -137,12 +123,14 @@ QRV_PrivilegeForStorageHardwareIDCollectionProvider::_buildAllAssociationInstanc
     Array<String> hostNames;
     Array<CIMInstance> privileges, found;
     QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
-        _cimom, _nodeAddress, hostNames, _stringHashTable, privileges, false, false,
+        _cimom, _nodeAddress, hostNames, _stringHashTable.get(), privileges, false, false,
         InstanceShape().propertyList, String::EMPTY, 0, QRV_NO_PORT, String::EMPTY, nullptr, 0);
     if (hostNames.size() != privileges.size()) return found;
     for (Uint32 i = 0; i < privileges.size(); ++i)
         if (hostNames[i].size() > 0)
-            found.append(_build(cimClass, privileges[i].getPath(), _collectionPath(hostNames[i])));
+            found.append(_build(
+                cimClass, privileges[i].getPath(),
+                QRV_StorageHardwareIDCollectionProvider::pathOfHost(_nodeAddress, hostNames[i])));
     return found;
 }
 
@@ -161,7 +149,7 @@ Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_privile
     Array<CIMInstance> found;
     if (host.size() > 0)
         QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
-            _cimom, _nodeAddress, hostNames, _stringHashTable, found, shape.includeQualifiers,
+            _cimom, _nodeAddress, hostNames, _stringHashTable.get(), found, shape.includeQualifiers,
             shape.includeClassOrigin, shape.propertyList, host, 0, QRV_NO_PORT, String::EMPTY,
             nullptr, 0);
     return found;
@@ -175,9 +163,10 @@ Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDCollectionProvider::_collect
     for (unsigned int i = 0; i < controllers->count && found.size() == 0; ++i) {
         const String hostName(controllers->vluns[i].hostname);
         if (hostName.size() == 0) continue;
-        const CIMInstance collection =
-            tryGetInstance(_cimom, context, _collectionPath(hostName), shape.includeQualifiers,
-                           shape.includeClassOrigin, shape.propertyList);
+        const CIMInstance collection = tryGetInstance(
+            _cimom, context,
+            QRV_StorageHardwareIDCollectionProvider::pathOfHost(_nodeAddress, hostName),
+            shape.includeQualifiers, shape.includeClassOrigin, shape.propertyList);
         if (!collection.isUninitialized()) found.append(collection);
     }
     return found;

@@ -1,6 +1,7 @@
 // Links each right to the host whose initiator holds it.
 #pragma once
 
+#include "../QRV_StringTable.h"
 #include "QRV_PrivilegedElement.h"
 
 namespace Pegasus {
@@ -15,7 +16,6 @@ class QRV_PrivilegeForStorageHardwareIDCollectionProvider
     ~QRV_PrivilegeForStorageHardwareIDCollectionProvider() override;
 
     void initialize(CIMOMHandle& cimom) override;
-    void terminate() override;
 
   private:
     template <class, class...>
@@ -41,12 +41,11 @@ class QRV_PrivilegeForStorageHardwareIDCollectionProvider
     Array<CIMInstance> _privilegesOf(const CIMObjectPath& collection, const InstanceShape& shape);
     Array<CIMInstance> _collectionOf(const CIMObjectPath& privilege,
                                      const OperationContext& context, const InstanceShape& shape);
-    CIMObjectPath _collectionPath(const String& hostName) const;
 
     CIMOMHandle _cimom;
     String _nodeAddress;
     String _systemName;
-    hashtable_t* _stringHashTable;
+    StringTable _stringHashTable;
 };
 
 }  // namespace Pegasus

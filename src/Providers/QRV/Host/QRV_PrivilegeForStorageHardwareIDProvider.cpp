@@ -1,6 +1,6 @@
 #include "QRV_PrivilegeForStorageHardwareIDProvider.h"
 
-#include "../QRV_StringTable.h"
+#include "../QRV_InstanceID.h"
 #include "QRV_AuthorizedPrivilegeProvider.h"
 #include "QRV_PrivilegeKey.h"
 #include "QRV_StorageHardwareIDProvider.h"
@@ -40,14 +40,12 @@ String initiatorOf(const CIMObjectPath& privilege) {
 }
 
 CIMObjectPath hardwareIDPath(const String& nodeAddress, const String& unmarkedID) {
-    return QRV_StorageHardwareIDProvider::buildInstanceName(nodeAddress,
-                                                            String("ORVELIS:") + unmarkedID);
+    return QRV_StorageHardwareIDProvider::buildInstanceName(nodeAddress, markedID(unmarkedID));
 }
 
 }  // namespace
 
-QRV_PrivilegeForStorageHardwareIDProvider::QRV_PrivilegeForStorageHardwareIDProvider()
-    : _stringHashTable(nullptr) {}
+QRV_PrivilegeForStorageHardwareIDProvider::QRV_PrivilegeForStorageHardwareIDProvider() = default;
 
 QRV_PrivilegeForStorageHardwareIDProvider::~QRV_PrivilegeForStorageHardwareIDProvider() = default;
 
@@ -61,16 +59,10 @@ const AssociationRules& QRV_PrivilegeForStorageHardwareIDProvider::_rules() {
 
 void QRV_PrivilegeForStorageHardwareIDProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_PrivilegeForStorageHardwareIDProvider::initialize(cimom)");
-    _stringHashTable = nullptr;
     _cimom = cimom;
     _nodeAddress = QRV_Common::getSystemHostName(cimom);
     _systemName = QRV_Common::getSystemName(cimom);
     _stringHashTable = createStringTable();
-}
-
-void QRV_PrivilegeForStorageHardwareIDProvider::terminate() {
-    deleteStringTable(_stringHashTable);
-    delete this;
 }
 
 Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_buildAssociationInstances(
@@ -135,7 +127,7 @@ Array<CIMInstance> QRV_PrivilegeForStorageHardwareIDProvider::_privilegesOf(
     if (host.size() == 0 || wanted.size() == 0) return found;
     Array<String> hostNames;
     QRV_AuthorizedPrivilegeProvider::buildOrDeliverInstances(
-        _cimom, _nodeAddress, hostNames, _stringHashTable, found, shape.includeQualifiers,
+        _cimom, _nodeAddress, hostNames, _stringHashTable.get(), found, shape.includeQualifiers,
         shape.includeClassOrigin, shape.propertyList, host, 0, QRV_NO_PORT, wanted, nullptr, 0);
     return found;
 }

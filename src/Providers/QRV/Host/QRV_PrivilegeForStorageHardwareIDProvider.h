@@ -1,6 +1,7 @@
 // Links each right to the initiator that holds it.
 #pragma once
 
+#include "../QRV_StringTable.h"
 #include "QRV_PrivilegedElement.h"
 
 namespace Pegasus {
@@ -15,7 +16,6 @@ class QRV_PrivilegeForStorageHardwareIDProvider
     ~QRV_PrivilegeForStorageHardwareIDProvider() override;
 
     void initialize(CIMOMHandle& cimom) override;
-    void terminate() override;
 
   private:
     template <class, class...>
@@ -43,7 +43,7 @@ class QRV_PrivilegeForStorageHardwareIDProvider
     CIMOMHandle _cimom;
     String _nodeAddress;
     String _systemName;
-    hashtable_t* _stringHashTable;
+    StringTable _stringHashTable;
 };
 
 }  // namespace Pegasus

@@ -1,7 +1,5 @@
 #include "QRV_PrivilegeKey.h"
 
-#include <cstdio>
-
 #include "../QRV_ArrayGate.h"
 #include "../QRV_ArrayRecords.h"
 #include "../QRV_Common.h"
@@ -23,14 +21,6 @@ Array<Uint16> readAndWrite() {
     activities.append(READ);
     activities.append(WRITE);
     return activities;
-}
-
-/// QRV_NO_WWN for a text that isn't hexadecimal.
-qrv_u64 wwnOf(const String& text) {
-    unsigned long long wwn = QRV_NO_WWN;
-    // NOLINTNEXTLINE(cert-err34-c): a text that is no WWN leaves none
-    std::sscanf(text.getCString(), "%16llX", &wwn);
-    return wwn;
 }
 
 }  // namespace
@@ -62,14 +52,17 @@ void grantReadAndWrite(CIMInstance& privilege) {
 String hostOfInitiator(const CIMObjectPath& hardwareID) {
     const String name = QRV_StorageHardwareIDProvider::extractHostWWNOrISCSIName(hardwareID);
     const bool fc = QRV_StorageHardwareIDProvider::isFCStorageHardwareID(hardwareID);
-    const qrv_u64 wwn = fc ? wwnOf(name) : QRV_NO_WWN;
+    qrv_u64 wwn = QRV_NO_WWN;
     char iscsiName[225] = "";
-    if (!fc) copyText(iscsiName, name.getCString());
+    if (fc)
+        readWwn(name, wwn);
+    else
+        copyText(iscsiName, name.getCString());
     HostList hosts;
     const ArrayAnswer answer = callArrayForStatus(
         [&] { return api_getHosts(nullptr, wwn, iscsiName, hosts.receive(), 1, 0); });
     if (answer.failed() || hosts->count == 0 || hosts->hosts[0].id == QRV_NO_HOST) return String();
-    return hosts->hosts[0].name;
+    return arrayText(hosts->hosts[0].name);
 }
 
 }  // namespace Pegasus

@@ -7,36 +7,29 @@ namespace Pegasus {
 
 namespace {
 
-const AssociatedPrivilegeKind KIND =
+const AssociationKind KIND =
     associatedPrivilegeKind("QRV_SPCAssociatedPrivilegeProvider", FC_CONTROLLERS);
 
 }  // namespace
 
-QRV_SPCAssociatedPrivilegeProvider::QRV_SPCAssociatedPrivilegeProvider()
-    : _stringHashTable(nullptr) {}
+QRV_SPCAssociatedPrivilegeProvider::QRV_SPCAssociatedPrivilegeProvider() = default;
 
 QRV_SPCAssociatedPrivilegeProvider::~QRV_SPCAssociatedPrivilegeProvider() = default;
 
-const AssociatedPrivilegeKind& QRV_SPCAssociatedPrivilegeProvider::_kind() {
+const AssociationKind& QRV_SPCAssociatedPrivilegeProvider::_kind() {
     return KIND;
 }
 
 AssociatedPrivilege QRV_SPCAssociatedPrivilegeProvider::_privileges() {
-    return AssociatedPrivilege(KIND, _cimom, _systemName, _systemAddress, _stringHashTable);
+    return AssociatedPrivilege(KIND, _cimom, _systemName, _systemAddress, _stringHashTable.get());
 }
 
 void QRV_SPCAssociatedPrivilegeProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_SPCAssociatedPrivilegeProvider::initialize(cimom)");
-    _stringHashTable = nullptr;
     _cimom = cimom;
     _systemAddress = QRV_Common::getSystemHostName(cimom);
     _systemName = QRV_Common::getSystemName(cimom);
     _stringHashTable = createStringTable();
-}
-
-void QRV_SPCAssociatedPrivilegeProvider::terminate() {
-    deleteStringTable(_stringHashTable);
-    delete this;
 }
 
 CIMObjectPath QRV_SPCAssociatedPrivilegeProvider::buildInstanceName(

@@ -16,8 +16,6 @@ class QRV_SPCAssociatedPrivilegeProvider
 
     void initialize(CIMOMHandle& cimom) override;
 
-    void terminate() override;
-
     /// The InstanceIDs of the hardware IDs that a VLUN lets through, in the order of the host's
     /// paths: the initiator that it names, or else those of its host, on its port if it has one. A
     /// VLUN that names neither lets none through. `allHosts` is the list that `vlunPtr->hostIndex`
@@ -72,13 +70,13 @@ class QRV_SPCAssociatedPrivilegeProvider
     friend class AssociationProvider;
     friend class AssociatedPrivilegeProvider<QRV_SPCAssociatedPrivilegeProvider>;
 
-    static const AssociatedPrivilegeKind& _kind();
+    static const AssociationKind& _kind();
     AssociatedPrivilege _privileges();
 
     CIMOMHandle _cimom;
     String _systemAddress;
     String _systemName;
-    hashtable_t* _stringHashTable;
+    StringTable _stringHashTable;
 };
 
 }  // namespace Pegasus

@@ -4,12 +4,13 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <iterator>
 
 #include "../QRV_ArrayRecords.h"
+#include "../QRV_InstanceID.h"
 #include "../QRV_PathMatcher.h"
 #include "../QRV_StoredClass.h"
+#include "../QRV_Text.h"
 #include "../QRV_WriteFrame.h"
 
 namespace Pegasus {
@@ -193,9 +194,7 @@ String QRV_StorageClientSettingDataProvider::makeUniqueID(Uint32 personaNum) {
 
 CIMObjectPath QRV_StorageClientSettingDataProvider::buildObjectPath(const String& systemAddress,
                                                                     const String& instanceID) {
-    Array<CIMKeyBinding> keys;
-    keys.append(CIMKeyBinding(INSTANCE_ID, instanceID, CIMKeyBinding::STRING));
-    return CIMObjectPath(systemAddress, QRV_NAMESPACE, SETTING_CLASS, keys);
+    return pathByInstanceID(systemAddress, SETTING_CLASS, instanceID);
 }
 
 Uint32 QRV_StorageClientSettingDataProvider::extractPersonaNumber(
@@ -204,8 +203,7 @@ Uint32 QRV_StorageClientSettingDataProvider::extractPersonaNumber(
     const String prefix(ID_PREFIX);
     const Uint32 found = instanceID.find(prefix);
     if (found == PEG_NOT_FOUND) return 0;
-    const CString number = instanceID.subString(found + prefix.size()).getCString();
-    return Uint32(std::atoi(number));
+    return leadingNumber(instanceID.subString(found + prefix.size())).value_or(0);
 }
 
 void QRV_StorageClientSettingDataProvider::setPersonaClientTypes(Array<Uint16>& cltTypes,
@@ -214,7 +212,7 @@ void QRV_StorageClientSettingDataProvider::setPersonaClientTypes(Array<Uint16>& 
     constexpr int STANDARD_PERSONA = 1;
     ClientTypes types(cltTypes, otherTypeDescs);
     for (unsigned int i = 0; i < pentry.oscount; ++i)
-        types.appendOperatingSystem(pentry.hos[i].hos_name);
+        types.appendOperatingSystem(arrayText(pentry.hos[i].hos_name));
     if (pentry.hpe.hpe_num == STANDARD_PERSONA) types.append(STANDARD, "Standard");
 }
 
@@ -222,7 +220,7 @@ CIMInstance QRV_StorageClientSettingDataProvider::buildInstance(CIMClass setting
                                                                 api_hostpersonaentry_t& hostpersona,
                                                                 const String& systemAddress) {
     const host_persona_entry_t& persona = hostpersona.hpe;
-    const String name(persona.hpe_name);
+    const String name = arrayText(persona.hpe_name);
     const String instanceID = makeUniqueID(Uint32(persona.hpe_num));
     CIMInstance instance = QRV_Common::buildInstanceSkeleton(settingClass);
     QRV_Common::setPropertyValue(instance, INSTANCE_ID, instanceID);

@@ -5,6 +5,9 @@
 
 namespace Pegasus {
 
+/// The persona of a host that is made without one.
+constexpr Uint32 DEFAULT_PERSONA = 2;
+
 /// Instance provider of QRV_StorageClientSettingData. Operations may run at once on any number of
 /// threads.
 class QRV_StorageClientSettingDataProvider

@@ -6,8 +6,10 @@
 
 #include "../QRV_ArrayGate.h"
 #include "../QRV_ArrayRecords.h"
+#include "../QRV_InstanceID.h"
 #include "../QRV_OperationFrame.h"
 #include "../QRV_StoredClass.h"
+#include "../QRV_Text.h"
 
 namespace Pegasus {
 
@@ -88,17 +90,17 @@ Array<CIMInstance> QRV_StorageDomainGroup::_buildInstances(const CIMObjectPath& 
 
 CIMInstance QRV_StorageDomainGroup::buildInstance(const api_set_t* pSet, CIMClass& domainGroupClass,
                                                   const String& systemAddress) {
-    const String name(pSet->name);
+    const String name = arrayText(pSet->name);
     char caption[30];
     std::snprintf(caption, sizeof caption - 1, "domainset ID %u", pSet->id);
     CIMInstance instance = QRV_Common::buildInstanceSkeleton(domainGroupClass);
     QRV_Common::setPropertyValue(instance, CIMName("ElementName"), name);
     QRV_Common::setPropertyValue(instance, CIMName("Caption"), String(caption));
     if (pSet->comment[0] != '\0') setDescription(instance, pSet->comment);
-    QRV_Common::setPropertyValue(instance, INSTANCE_ID, String("ORVELIS:") + name);
+    QRV_Common::setPropertyValue(instance, INSTANCE_ID, markedID(name));
     QRV_Common::setPropertyValue(instance, CIMName("ID"), Uint32(pSet->id));
     Array<String> members;
-    for (qrv_u32 i = 0; i < pSet->count; ++i) members.append(String(pSet->values[i]));
+    for (qrv_u32 i = 0; i < pSet->count; ++i) members.append(arrayText(pSet->values[i]));
     if (members.size() > 0)
         QRV_Common::setPropertyValue(instance, CIMName("GroupMembers"), members);
     instance.setPath(buildObjectPath(systemAddress, name));
@@ -106,13 +108,11 @@ CIMInstance QRV_StorageDomainGroup::buildInstance(const api_set_t* pSet, CIMClas
 }
 
 CIMObjectPath QRV_StorageDomainGroup::buildObjectPath(String systemAddress, String setName) {
-    return buildInstanceName(systemAddress, String("ORVELIS:") + setName);
+    return buildInstanceName(systemAddress, markedID(setName));
 }
 
 CIMObjectPath QRV_StorageDomainGroup::buildInstanceName(String nodeAddress, String instanceID) {
-    Array<CIMKeyBinding> keys;
-    keys.append(CIMKeyBinding(INSTANCE_ID, instanceID, CIMKeyBinding::STRING));
-    return CIMObjectPath(nodeAddress, QRV_NAMESPACE, GROUP_CLASS, keys);
+    return pathByInstanceID(nodeAddress, GROUP_CLASS, instanceID);
 }
 
 }  // namespace Pegasus

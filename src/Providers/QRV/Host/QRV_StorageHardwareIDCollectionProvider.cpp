@@ -36,7 +36,7 @@ constexpr const char* NO_DOMAIN = "-unset";
 
 CIMInstance makeInstance(const String& nodeAddress, CIMClass& cimClass, const api_Host_t& host) {
     const String name = arrayText(host.name);
-    const String instanceID = String("ORVELIS:") + name;
+    const String instanceID = markedID(name);
     CIMInstance instance = QRV_Common::buildInstanceSkeleton(cimClass);
     QRV_Common::setPropertyValue(instance, ELEMENT_NAME, name);
     QRV_Common::setPropertyValue(instance, DESCRIPTION,
@@ -270,9 +270,7 @@ Array<CIMInstance> QRV_StorageHardwareIDCollectionProvider::_buildInstances(
 CIMObjectPath QRV_StorageHardwareIDCollectionProvider::buildInstanceName(String nodeAddress,
                                                                          String instanceID) {
     const OperationTrace trace("QRV_StorageHardwareIDCollectionProvider::buildInstanceName()");
-    Array<CIMKeyBinding> keys;
-    keys.append(CIMKeyBinding(INSTANCE_ID, instanceID, CIMKeyBinding::STRING));
-    return CIMObjectPath(nodeAddress, QRV_NAMESPACE, COLLECTION_CLASS, keys);
+    return pathByInstanceID(nodeAddress, COLLECTION_CLASS, instanceID);
 }
 
 }  // namespace Pegasus

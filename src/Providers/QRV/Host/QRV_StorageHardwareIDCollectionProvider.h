@@ -2,6 +2,7 @@
 // hosts.
 #pragma once
 
+#include "../QRV_InstanceID.h"
 #include "../QRV_InstanceProvider.h"
 
 namespace Pegasus {
@@ -33,6 +34,11 @@ class QRV_StorageHardwareIDCollectionProvider
 
     /// The object path of the collection with this InstanceID.
     PEGASUS_EXPORT static CIMObjectPath buildInstanceName(String nodeAddress, String instanceID);
+
+    /// The object path of the host's collection.
+    static CIMObjectPath pathOfHost(const String& nodeAddress, const String& hostName) {
+        return buildInstanceName(nodeAddress, markedID(hostName));
+    }
 
   private:
     template <class, class...>

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "../QRV_Common.h"
+#include "../QRV_Text.h"
 #include "QRV_HardwareIDMethods.h"
 #include "QRV_StorageHardwareIDCollectionProvider.h"
 #include "QRV_StorageHardwareIDManagementServiceProvider.h"
@@ -117,8 +118,8 @@ void QRV_StorageHardwareIDManagementServiceProvider::_createHardwareIDCollection
     call.requireChanged(answer, "api_createHost",
                         {{ERR_QRV_HOST_NOTFOUND, METHOD_EXISTS_OR_GONE},
                          {ERR_QRV_HOSTPATH_DUPLICATE, METHOD_BAD_PARAMETER}});
-    call.succeed("Collection", QRV_StorageHardwareIDCollectionProvider::buildInstanceName(
-                                   _systemAddress, String("ORVELIS:") + hostname));
+    call.succeed("Collection",
+                 QRV_StorageHardwareIDCollectionProvider::pathOfHost(_systemAddress, hostname));
 }
 
 void QRV_StorageHardwareIDManagementServiceProvider::_addHardwareIDsToCollection(

@@ -1,11 +1,11 @@
 // Making an initiator known to the array, and taking it away.
 
 #include <QRV_ControllerConfigurationServiceProvider.h>
-
 #include <cstring>
 
 #include "../QRV_ArrayRecords.h"
 #include "../QRV_Common.h"
+#include "../QRV_Text.h"
 #include "QRV_HardwareIDMethods.h"
 #include "QRV_StorageHardwareIDManagementServiceProvider.h"
 #include "QRV_StorageHardwareIDProvider.h"
@@ -15,8 +15,6 @@ namespace Pegasus {
 namespace {
 
 /// CIM_StorageHardwareID.IDType, as far as the array has initiators of that kind.
-constexpr Uint16 PORT_WWN = 2;
-constexpr Uint16 ISCSI_NAME = 5;
 constexpr Uint16 ID_TYPE_NOT_GIVEN = 65535;
 
 /// One initiator in the form that the array's calls take: a list of one WWN or of one iSCSI name.

@@ -7,6 +7,7 @@
 
 #include "../QRV_ArrayGate.h"
 #include "../QRV_ArrayRecords.h"
+#include "../QRV_InstanceID.h"
 #include "../QRV_OperationFrame.h"
 #include "../QRV_StoredClass.h"
 #include "../QRV_StringTable.h"
@@ -21,9 +22,6 @@ constexpr ProviderFrame FRAME{"QRV_StorageHardwareID",
                               "QRV_StorageHardwareID",
                               1,
                               " Expect only one key."};
-
-/// CIM_StorageHardwareID.IDType.
-enum IDType : Uint16 { PORT_WWN = 2, ISCSI_NAME = 5 };
 
 /// What tells the initiators of one transport from those of the other.
 struct Transport {
@@ -171,10 +169,9 @@ class QRV_StorageHardwareIDProvider::Selection {
     std::vector<const api_hardwareID_t*> _chosen;
 };
 
-QRV_StorageHardwareIDProvider::QRV_StorageHardwareIDProvider() : _stringHashTable(nullptr) {}
+QRV_StorageHardwareIDProvider::QRV_StorageHardwareIDProvider() = default;
 
-QRV_StorageHardwareIDProvider::QRV_StorageHardwareIDProvider(const CIMObjectPath&)
-    : _stringHashTable(nullptr) {
+QRV_StorageHardwareIDProvider::QRV_StorageHardwareIDProvider(const CIMObjectPath&) {
     refuseObjectPathConstructor(FRAME);
 }
 
@@ -186,15 +183,9 @@ const ProviderFrame& QRV_StorageHardwareIDProvider::_frame() {
 
 void QRV_StorageHardwareIDProvider::initialize(CIMOMHandle& cimom) {
     const OperationTrace trace("QRV_StorageHardwareIDProvider::initialize(cimom)");
-    _stringHashTable = nullptr;
     _cimom = cimom;
     _nodeAddress = QRV_Common::getSystemHostName(cimom);
     _stringHashTable = createStringTable();
-}
-
-void QRV_StorageHardwareIDProvider::terminate() {
-    deleteStringTable(_stringHashTable);
-    delete this;
 }
 
 void QRV_StorageHardwareIDProvider::_enumerateInstances(const OperationContext&,
@@ -265,7 +256,7 @@ void QRV_StorageHardwareIDProvider::_chooseOnce(Selection& selection, const Stri
         log_message(2, "<-- %s::_buildInstances Invalid stringHashTable.\n", FRAME.provider);
         return;
     }
-    StringTableScan scan(_stringHashTable);
+    StringTableScan scan(_stringHashTable.get());
     for (const api_hardwareID_t& record : selection.records()) {
         const auto key = keyText(record.pathInfo, wanted);
         if (key && scan.isNew(key->getCString())) selection.choose(record);
@@ -274,9 +265,7 @@ void QRV_StorageHardwareIDProvider::_chooseOnce(Selection& selection, const Stri
 
 CIMObjectPath QRV_StorageHardwareIDProvider::buildInstanceName(String nodeAddress,
                                                                String instanceID) {
-    Array<CIMKeyBinding> keys;
-    keys.append(CIMKeyBinding(INSTANCE_ID, instanceID, CIMKeyBinding::STRING));
-    return CIMObjectPath(nodeAddress, QRV_NAMESPACE, HARDWARE_ID_CLASS, keys);
+    return pathByInstanceID(nodeAddress, HARDWARE_ID_CLASS, instanceID);
 }
 
 Boolean QRV_StorageHardwareIDProvider::isFCStorageHardwareID(const CIMObjectPath& path) {

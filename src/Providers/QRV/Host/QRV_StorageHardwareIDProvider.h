@@ -2,8 +2,12 @@
 #pragma once
 
 #include "../QRV_InstanceProvider.h"
+#include "../QRV_StringTable.h"
 
 namespace Pegasus {
+
+/// CIM_StorageHardwareID.IDType
+enum IDType : Uint16 { PORT_WWN = 2, ISCSI_NAME = 5 };
 
 /// Instance provider of QRV_StorageHardwareID. Operations may run at once on any number of threads.
 class QRV_StorageHardwareIDProvider : public InstanceProvider<QRV_StorageHardwareIDProvider> {
@@ -16,8 +20,6 @@ class QRV_StorageHardwareIDProvider : public InstanceProvider<QRV_StorageHardwar
     ~QRV_StorageHardwareIDProvider() override;
 
     void initialize(CIMOMHandle& cimom) override;
-
-    void terminate() override;
 
     /// The object path of the hardware ID with this InstanceID.
     PEGASUS_EXPORT static CIMObjectPath buildInstanceName(String nodeAddress, String instanceID);
@@ -63,7 +65,7 @@ class QRV_StorageHardwareIDProvider : public InstanceProvider<QRV_StorageHardwar
 
     CIMOMHandle _cimom;
     String _nodeAddress;
-    hashtable_t* _stringHashTable;
+    StringTable _stringHashTable;
 };
 
 }  // namespace Pegasus

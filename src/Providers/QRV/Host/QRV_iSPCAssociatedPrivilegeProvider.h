@@ -16,8 +16,6 @@ class QRV_iSPCAssociatedPrivilegeProvider
 
     void initialize(CIMOMHandle& cimom) override;
 
-    void terminate() override;
-
   private:
     template <class, class...>
     friend class InstanceProvider;
@@ -25,13 +23,13 @@ class QRV_iSPCAssociatedPrivilegeProvider
     friend class AssociationProvider;
     friend class AssociatedPrivilegeProvider<QRV_iSPCAssociatedPrivilegeProvider>;
 
-    static const AssociatedPrivilegeKind& _kind();
+    static const AssociationKind& _kind();
     AssociatedPrivilege _privileges();
 
     CIMOMHandle _cimom;
     String _systemAddress;
     String _systemName;
-    hashtable_t* _stringHashTable;
+    StringTable _stringHashTable;
 };
 
 }  // namespace Pegasus
