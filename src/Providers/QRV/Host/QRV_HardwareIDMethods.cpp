@@ -7,8 +7,6 @@
 
 namespace Pegasus {
 
-namespace {}  // namespace
-
 MethodParameter reference(const MethodCall& call, const char* name, CIMObjectPath& target,
                           const CIMName& className, const String& systemAddress,
                           const char* refusal) {

@@ -131,10 +131,11 @@ Array<CIMInstance> QRV_MemberOfStorageHardwareIDCollectionProvider::_buildAssoci
     const CIMObjectPath& objectName, const OperationContext& context, const InstanceShape& shape) {
     const CIMName& className = objectName.getClassName();
     CIMClass cimClass = storedClass(_cimom, ASSOCIATION, shape);
-    const bool none = _cimom.enumerateInstanceNames(context, QRV_NAMESPACE, className).size() == 0;
+    const Array<CIMObjectPath> alike =
+        _cimom.enumerateInstanceNames(context, QRV_NAMESPACE, className);
     const Array<CIMObjectPath> related = _getRelatedInstanceNames(objectName, context);
     Array<CIMInstance> associations;
-    if (none) return associations;
+    if (alike.size() == 0) return associations;
     if (className.equal(HARDWARE_ID) && related.size() > 0)
         associations.append(_buildAssociation(cimClass, related[0], objectName));
     if (className.equal(COLLECTION))
