@@ -67,10 +67,6 @@ void describeInitiators(Arguments& arguments, const InitiatorLists& lists) {
 
 // ---- What a change asks for ---------------------------------------------------------------------
 
-void refuseUnless(bool holds, std::string_view argument) {
-    if (!holds) throw Refusal(ERR_API_INVALID_ARGUMENT, {argument});
-}
-
 Initiator initiatorOf(qrv_u64 wwn) {
     if (!isWwn(wwn)) throw Refusal(ERR_API_WWN_INVALID, {wwnText(wwn)});
     return fcInitiator(wwn);

@@ -17,10 +17,6 @@ using namespace qrvapi;
 
 namespace {
 
-void refuseUnless(bool holds, std::string_view argument) {
-    if (!holds) throw Refusal(ERR_API_INVALID_ARGUMENT, {argument});
-}
-
 void describeQuery(Arguments& arguments, const api_VLUNsInfo* query) {
     if (query == nullptr) return;
     if (query->vvnameIsSet) arguments.text("vvname", query->vvname);
@@ -30,8 +26,7 @@ void describeQuery(Arguments& arguments, const api_VLUNsInfo* query) {
     if (query->vluntypeIsSet) arguments.number("vluntype", query->vluntype);
 }
 
-// ---- The filters of a question
-// -------------------------------------------------------------------
+// ---- The filters of a question ------------------------------------------------------------------
 
 std::string exportedName(const Vlun& vlun) {
     return vlun.volume != nullptr ? vlun.volume->name : "set:" + vlun.volumeSet->name;
@@ -67,8 +62,7 @@ class Filter {
     const Host* host_;
 };
 
-// ---- Records
-// -------------------------------------------------------------------------------------
+// ---- Records ------------------------------------------------------------------------------------
 
 struct Found {
     const Vlun* vlun;
@@ -110,8 +104,7 @@ bool isNewController(StringTable& seen, const Vlun& vlun) {
     return true;
 }
 
-// ---- Walks
-// ---------------------------------------------------------------------------------------
+// ---- Walks --------------------------------------------------------------------------------------
 
 /// A list of VLUNs, of which a filter may look at some places only.
 class Stretch {
@@ -283,8 +276,7 @@ Chunk readVlunChunk(const Model& model, const api_VLUNsInfo& query, bool templat
                      [&](const Vlun& vlun) { return filter.admits(vlun); });
 }
 
-// ---- The record of a walk
-// ------------------------------------------------------------------------
+// ---- The record of a walk -----------------------------------------------------------------------
 
 template <class Table>
 std::unique_ptr<Table> newTable(std::size_t size) {

@@ -40,10 +40,6 @@ void handOut(VolumeBlock block, int* count, api_vv_t** records) {
     *records = handOutBlock(std::move(block.records));
 }
 
-void refuseUnless(bool holds, std::string_view argument) {
-    if (!holds) throw Refusal(ERR_API_INVALID_ARGUMENT, {argument});
-}
-
 // ---- Selection ----------------------------------------------------------------------------------
 
 /// Volumes by ID, which is the array's order.

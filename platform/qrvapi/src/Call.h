@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "Errors.h"
 #include "Functions.h"
@@ -15,6 +16,11 @@ inline void watchGate(Function function) {
     if (row.gated && !Gate::instance().heldByThisThread()) {
         Ledger::instance().report(std::string(row.name) + " was called without the access gate");
     }
+}
+
+/// For the arguments of a call, which are named when they don't hold.
+inline void refuseUnless(bool holds, std::string_view argument) {
+    if (!holds) throw Refusal(ERR_API_INVALID_ARGUMENT, {argument});
 }
 
 /// The boundary of the library, for calls that answer with an int: no exception passes it, and a

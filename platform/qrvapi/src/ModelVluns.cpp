@@ -71,7 +71,7 @@ void Model::addVlun(const VlunDefinition& definition) {
 void Model::removeVlun(const VlunDefinition& definition) {
     bool found = false;
     forEachRecord(definition, [&](const Vlun& vlun, Host* host) {
-        if (!vluns_.list(definition.isTemplate).remove(vlun)) return;
+        if (!vluns_.list(definition.isTemplate).remove(vlun, definition.portType)) return;
         found = true;
         if (host != nullptr) --host->vlunCount;
         if (vlun.volume != nullptr) --volumes_.volume(definition.volume).vlunCount;

@@ -7,13 +7,14 @@
 
 namespace qrvapi {
 
-bool Vlun::operator==(const Vlun& other) const {
-    const auto fields = [](const Vlun& vlun) {
-        return std::tie(vlun.volume, vlun.volumeSet, vlun.host, vlun.initiator, vlun.port, vlun.lun,
-                        vlun.kind, vlun.portType, vlun.access);
-    };
-    return fields(*this) == fields(other);
+namespace {
+
+auto identityOf(const Vlun& vlun) {
+    return std::tie(vlun.volume, vlun.volumeSet, vlun.host, vlun.initiator, vlun.port, vlun.lun,
+                    vlun.kind, vlun.access);
 }
+
+}  // namespace
 
 lpid_t portOf(const Vlun& vlun) {
     return vlun.port == nullptr ? QRV_NO_PORT : vlun.port->id;
@@ -53,8 +54,10 @@ void VlunList::add(const Vlun& vlun) {
     byPort_.add(portOf(vlun), vluns_.size() - 1);
 }
 
-bool VlunList::remove(const Vlun& vlun) {
-    const auto found = std::find(vluns_.begin(), vluns_.end(), vlun);
+bool VlunList::remove(const Vlun& vlun, std::optional<port_type_t> portType) {
+    const auto found = std::find_if(vluns_.begin(), vluns_.end(), [&](const Vlun& each) {
+        return identityOf(each) == identityOf(vlun) && (!portType || each.portType == *portType);
+    });
     if (found == vluns_.end()) return false;
     const auto place = static_cast<std::size_t>(found - vluns_.begin());
     byHost_.remove(vlun.host, place);

@@ -36,8 +36,6 @@ struct Vlun {
     VlunKind kind;
     std::uint8_t portType;  // a port_type_t
     std::uint8_t access;    // a vol_mode_t
-
-    bool operator==(const Vlun& other) const;
 };
 
 /// QRV_NO_PORT for none.
@@ -78,8 +76,9 @@ class PlaceIndex {
 class VlunList {
   public:
     void add(const Vlun& vlun);
-    /// Takes out the first that is equal. Whether there was one.
-    bool remove(const Vlun& vlun);
+    /// Takes out the first that is the same but for the type of its port, which counts only where
+    /// it is told: a derived one follows the paths that the host had. Whether there was one.
+    bool remove(const Vlun& vlun, std::optional<port_type_t> portType);
 
     std::size_t size() const { return vluns_.size(); }
     const Vlun& operator[](std::size_t place) const { return vluns_[place]; }

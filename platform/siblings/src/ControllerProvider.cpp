@@ -41,22 +41,28 @@ void ControllerProvider::initialize(CIMOMHandle& cimom) {
 }
 
 /// Calls `take` with each controller, or with the one that `instanceReference` names when it has a
-/// class.
+/// class. That one is looked for in all that is left at once, because every chunk has to ask the
+/// array again which host the DeviceID means.
 template <class Take>
 void ControllerProvider::_walk(const CIMObjectPath& instanceReference, const InstanceShape& shape,
                                Take take) {
     VlunWalkData walk;
     if (api_initSPCParamData(walk.receive()) != 0)
         throw CIMOperationFailedException(String(_controllers.className) + " out of memory.");
+    const bool one = !instanceReference.getClassName().isNull();
+    Uint32 chunkSize = one ? 0 : CHUNK_SIZE;
     Uint32 cursor = 0;
+    bool found = false;
     do {
         Array<CIMInstance> chunk;
         QRV_Common::buildSPCInstances(
             _cimom, OperationContext(), instanceReference, _systemName, _systemAddress,
             _controllers.qrvClass, shape.includeQualifiers, shape.includeClassOrigin,
-            shape.propertyList, 0, chunk, walk.change(), &cursor, CHUNK_SIZE);
+            shape.propertyList, 0, chunk, walk.change(), &cursor, chunkSize);
         for (Uint32 i = 0; i < chunk.size(); ++i) take(chunk[i]);
-    } while (cursor != 0);
+        found = one && chunk.size() > 0;
+        chunkSize = CHUNK_SIZE;
+    } while (cursor != 0 && !found);
 }
 
 Array<CIMInstance> ControllerProvider::_buildInstances(const CIMObjectPath& path,
