@@ -33,6 +33,7 @@ const Answers ALL{{"api_qrvOpenForCimserver", NO_RIGHTS},
                   {"enumerateInstanceNames:2", EMPTY},
                   {"getInstance>enumerateInstanceNames:2", ABSENT},
                   {"hashtable_put", REPEATED},
+                  {"create_string_hashtable", UNCHANGED},
                   {"deliver", PASSES}};
 
 /// What operations have in common that need a permission of their own.
@@ -80,6 +81,12 @@ Answers walk(const char* failure) {
            Answers{{"api_wwnIntToString", SOME}};
 }
 
+/// A provider without its table: `answer` where it walks itself, a read of one still finds it.
+Answers tableless(const char* answer) {
+    return of("getInstance", {{"create_string_hashtable", UNCHANGED}}) +
+           Answers{{"create_string_hashtable", answer}};
+}
+
 /// What a DeviceID can't be narrowed by is walked over.
 const Answers NARROWED =
     each(UNCHANGED, {"api_convertStrLPIDtoPortID", "api_getHosts", "cim_sem_wait#1"});
@@ -100,6 +107,7 @@ Answers ofController(const char* failure) {
                             "cim_sem_wait#2"}) +
            Answers{{"cim_sem_wait#3", UNCHANGED},
                    {"api_convertStrLPIDtoPortID#2", MORE},
+                   {"create_string_hashtable", EMPTY},
                    {"api_wwnIntToString", EMPTY}} +
            narrowed(failure);
 }
@@ -252,10 +260,11 @@ Operation method(const std::string& service, const std::string& name, const std:
 Operation hostMethod(const std::string& name, const char* about, const std::string& parameters,
                      const char* change, const std::map<int, int>& codes,
                      const Answers& answers = {}) {
-    Operation made =
-        method(SERVICE, name, parameters,
-               answers + Answers{{"cim_sem_wait", "4 Internal error: Semaphore Timed-Out"},
-                                 {change, REFUSED}});
+    Operation made = method(
+        SERVICE, name, parameters,
+        answers +
+            each("4 Internal error: Semaphore Timed-Out", {"cim_sem_wait", "cim_sem_wait#all"}) +
+            Answers{{change, REFUSED}});
     made.name += about;
     made.codes = codes;
     return made;
@@ -309,15 +318,15 @@ Operations objects() {
     const auto add = [&](const std::string& path, const Answers& answers) {
         for (Operation& read : reads(path, answers)) all.push_back(std::move(read));
     };
-    add(INITIATOR, unreadable({"api_getHostPaths", "cim_sem_wait"}));
+    add(INITIATOR, unreadable({"api_getHostPaths", "cim_sem_wait", "create_string_hashtable"}));
     add(ALPHA, unreadable({"api_getHosts", "cim_sem_wait"}));
     add(GROUP, unreadable({"api_getDomainSets", "cim_sem_wait"}));
     add(SETTING, of("enumerateInstanceNames", nothing("api_getHostPersonaList")) +
                      Answers{{"api_getHostPersonaList", "1 %s"}, {"cim_sem_wait", TIMED_OUT}});
     add(SERVICE, OWNER);
     add(PRIVILEGE_SERVICE, OWNER);
-    add(ON_PORT,
-        of("getInstance", Answers{{"api_wwnIntToString", ABSENT}} + NARROWED) + walk(FAILED));
+    add(ON_PORT, of("getInstance", Answers{{"api_wwnIntToString", ABSENT}} + NARROWED) +
+                     walk(FAILED) + unreadable({"create_string_hashtable"}));
     for (const char* system :
          {"QRV_StorageSystem.CreationClassName=\"QRV_StorageSystem\",Name=\"array7\"",
           "QRV_SystemPackage.CreationClassName=\"QRV_SystemPackage\",Tag=\"SN00042\"",
@@ -359,6 +368,8 @@ std::vector<Operations> hostAssociations() {
             of("getInstance", each(ABSENT, {"api_getHosts", "cim_sem_wait#1"}) +
                                   each(UNCHANGED, {"api_getHostPaths", "cim_sem_wait#2",
                                                    "enumerateInstanceNames#2:2"})) +
+                of("enumerateInstances", {{"cim_sem_wait#all", UNTOUCHED}}) +
+                of("enumerateInstanceNames", {{"cim_sem_wait#all", EMPTY}}) +
                 each(SOME, {"api_getHostPaths", "api_getHosts", "cim_sem_wait",
                             "enumerateInstanceNames:2"}),
             {{SERVICE, owned + each(SOME, {"api_getHostPaths", "api_getHosts", "cim_sem_wait",
@@ -382,10 +393,11 @@ std::vector<Operations> settingAssociations() {
                      "api_getHosts", "cim_sem_wait"});
     const Answers enumerated = Answers{{"api_getHostPersonaList", "1 %s"},
                                        {"cim_sem_wait#2", TIMED_OUT},
+                                       {"cim_sem_wait#all", TIMED_OUT},
                                        {"api_getHostPaths", EMPTY}} +
                                nothing("api_getHosts");
-    const Answers unread =
-        each(ABSENT, {"getInstance", "api_qrvOpenForCimserver#2", "api_getHosts", "cim_sem_wait"});
+    const Answers unread = each(ABSENT, {"getInstance", "api_qrvOpenForCimserver#2", "api_getHosts",
+                                         "cim_sem_wait", "cim_sem_wait#all"});
     return {
         association("QRV_HardwareIDElementSettingData",
                     end("ManagedElement", INITIATOR) + "," + end("SettingData", SETTING),
@@ -414,8 +426,10 @@ std::vector<Operations> controllerAssociations(const std::string& transport,
                                                const std::string& controller) {
     const Answers enumerated =
         of("enumerateInstances",
-           walk(UNTOUCHED) + each(UNTOUCHED, {"api_qrvOpenForCimserver#2", "enumerateInstanceNames",
-                                              "enumerateInstanceNames:2"})) +
+           Answers{{"api_wwnIntToString#all", transport == "SCSI" ? UNTOUCHED : SOME}} +
+               walk(UNTOUCHED) +
+               each(UNTOUCHED, {"api_qrvOpenForCimserver#2", "enumerateInstanceNames",
+                                "enumerateInstanceNames:2"})) +
         walk(EMPTY) + each(EMPTY, {"api_qrvOpenForCimserver#2", "enumerateInstanceNames"});
     const Answers toControllers = each(EMPTY, {"api_getSCSIProtocolControllers", "cim_sem_wait#4"});
     const Answers pinned =
@@ -434,13 +448,14 @@ std::vector<Operations> controllerAssociations(const std::string& transport,
             std::string(transport == "SCSI" ? "QRV_SPC" : "QRV_iSPC") + "AssociatedPrivilege",
             end("Subject", initiator) + "," + end("Target", controller) +
                 ",UseKey=" + privilege.substr(begin),
-            pinned + Answers{{"getClass", EMPTY}} + dropped,
+            pinned + Answers{{"getClass", EMPTY}} + dropped + tableless(UNTOUCHED),
             {{initiator, confirmed(UNTOUCHED) +
                              each(UNTOUCHED, {"api_getHostPaths", "cim_sem_wait#1"}) +
                              each(UNCHANGED, {"api_getHosts", "cim_sem_wait#2"}) +
-                             Answers{{"getClass#2", EMPTY}} + dropped},
-             {controller, each(EMPTY, {"getInstance#2", "getClass#2", "api_qrvOpenForCimserver#3",
-                                       "api_getHostPaths"}) +
+                             Answers{{"getClass#2", EMPTY}} + dropped + tableless(UNTOUCHED)},
+             {controller, tableless(UNTOUCHED) +
+                              each(EMPTY, {"getInstance#2", "getClass#2",
+                                           "api_qrvOpenForCimserver#3", "api_getHostPaths"}) +
                               Answers{{"deliver", SOME}} + ofController(SOME)}}),
     };
 }
@@ -454,13 +469,14 @@ std::vector<Operations> privilegeAssociations() {
                     end("Privilege", ON_PORT) + "," + end("PrivilegedElement", INITIATOR),
                     LINK + walk(FAILED),
                     {{ON_PORT, toElement},
-                     {INITIATOR, each(EMPTY, {"api_getHosts", "cim_sem_wait#1"}) + walk(FAILED)}}),
+                     {INITIATOR, each(EMPTY, {"api_getHosts", "cim_sem_wait#1"}) + walk(FAILED) +
+                                     tableless(EMPTY)}}),
         association("QRV_PrivilegeForStorageHardwareIDCollection",
                     end("Privilege", ON_PORT) + "," + end("PrivilegedElement", ALPHA),
                     of("getInstance", NARROWED + each(ABSENT, {"api_getSCSIProtocolControllers",
                                                                "cim_sem_wait"})) +
-                        walk(FAILED),
-                    {{ON_PORT, toElement + NARROWED}, {ALPHA, walk(FAILED)}}),
+                        walk(FAILED) + tableless(EMPTY),
+                    {{ON_PORT, toElement + NARROWED}, {ALPHA, walk(FAILED) + tableless(EMPTY)}}),
         association("QRV_ManagementServiceForAuthorizedPrivilege",
                     end("Antecedent", PRIVILEGE_SERVICE) + "," + end("Dependent", ON_PORT),
                     LINK + walk(FAILED),
@@ -472,6 +488,7 @@ std::vector<Operations> privilegeAssociations() {
 Operation renaming(const std::string& className, const char* deviceID) {
     const std::string failed = className + "::modifyInstance of SPC returned an error - ";
     const std::string noHost = "1 " + failed + "No host name was given";
+    const std::string timedOut = "1 " + failed + "Internal error: Semaphore Timed-Out";
     return change(controller(className, deviceID), "",
                   {CIMProperty(CIMName("ElementName"), CIMValue(String("gamma")))},
                   {{"api_initSPCParamData", "1 " + className + " out of memory."},
@@ -481,7 +498,8 @@ Operation renaming(const std::string& className, const char* deviceID) {
                    {"api_setHost", "1 " + failed + "%s"},
                    {"cim_sem_wait", UNCHANGED},
                    {"cim_sem_wait#3", noHost},
-                   {"cim_sem_wait#4", "1 " + failed + "Internal error: Semaphore Timed-Out"}});
+                   {"cim_sem_wait#4", timedOut},
+                   {"cim_sem_wait#all", timedOut}});
 }
 
 Operations changes() {
@@ -523,11 +541,11 @@ Operations methods() {
                    "api_setHost", creation,
                    Answers{{"api_wwnStringToInt", badWwn + KNOWN}} +
                        each(needsList.c_str(), {"api_getHostPaths", "cim_sem_wait#1"})),
-        hostMethod("DeleteStorageHardwareID", "", "HardwareID@" + INITIATOR, "api_removePath",
-                   deletion,
-                   Answers{{"hashtable_put", UNCHANGED}} +
-                       each(gone.c_str(), {"getInstance", "api_qrvOpenForCimserver#2",
-                                           "api_getHostPaths", "cim_sem_wait#1"})),
+        hostMethod(
+            "DeleteStorageHardwareID", "", "HardwareID@" + INITIATOR, "api_removePath", deletion,
+            Answers{{"hashtable_put", UNCHANGED}} +
+                each(gone.c_str(), {"getInstance", "api_qrvOpenForCimserver#2", "api_getHostPaths",
+                                    "cim_sem_wait#1", "cim_sem_wait#all"})),
         hostMethod("CreateHardwareIDCollection", "",
                    "ElementName=new HardwareIDs[" + fcID(NEW) + "]", "api_createHost", members),
         hostMethod("AddHardwareIDsToCollection", "", ofAlpha + " HardwareIDs[" + fcID(NEW) + "]",

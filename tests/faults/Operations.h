@@ -25,10 +25,12 @@ constexpr const char* PASSES = "passes";    ///< the failure itself reaches the 
 constexpr const char* CLEAN = "clean";  ///< what "fails" where an operation is refused in any event
 
 /// The answers by what fails: any call of a function ("api_getHosts"), the first one
-/// ("api_getHosts#1"), one with a code ("api_getHosts:3") or both ("api_getHosts#1:3").
-/// "cim_sem_wait" is a time-out of the gate, "deliver" the handler giving up, "getInstance" an
-/// up-call of that name. Codes of the last two are 0 for a refusal, 1 for an exception that isn't
-/// Pegasus's own and 2 for an answer without anything in it.
+/// ("api_getHosts#1"), one with a code ("api_getHosts:3") or both ("api_getHosts#1:3"). All
+/// calls together ("api_getHosts#all") are named where they don't do what the first one does whose
+/// answer isn't UNCHANGED. "create_string_hashtable" is the provider's own table, without which it
+/// comes up; "cim_sem_wait" is a time-out of the gate, "deliver" the handler giving up,
+/// "getInstance" an up-call of that name. Codes of the last two are 0 for a refusal, 1 for an
+/// exception that isn't Pegasus's own and 2 for an answer without anything in it.
 using Answers = std::map<std::string, std::string>;
 
 struct Operation {

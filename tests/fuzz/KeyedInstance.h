@@ -8,11 +8,8 @@
 #include <map>
 #include <string>
 
+#include "Require.h"
 #include "TestServer.h"
-
-inline void require(bool condition) {
-    if (!condition) std::abort();
-}
 
 inline constexpr const char* ARRAY = R"({
     "system": {"name": "a", "hostName": "a.example", "ipv4Address": "192.0.2.1", "id": 1,

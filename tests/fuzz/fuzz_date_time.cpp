@@ -6,18 +6,15 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
+
+#include "Require.h"
 
 using namespace Pegasus;
 
 namespace {
 
 constexpr time_t START_OF_1900 = -2'208'900'000;  ///< nothing before is read back
-
-void require(bool condition) {
-    if (!condition) std::abort();
-}
 
 /// What a function gives, unless it refuses.
 template <class Make>

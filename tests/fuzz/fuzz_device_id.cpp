@@ -5,15 +5,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
+
+#include "Require.h"
 
 using namespace Pegasus;
 
 namespace {
-
-void require(bool condition) {
-    if (!condition) std::abort();
-}
 
 constexpr const char* ARRAY = R"({
     "system": {"name": "a", "hostName": "a.example", "ipv4Address": "192.0.2.1", "id": 1,

@@ -4,8 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
+
+#include "Require.h"
 
 using namespace Pegasus;
 
@@ -17,10 +18,6 @@ std::optional<CIMObjectPath> readPath(const char* text, Uint32 size) {
     } catch (const Exception&) {
         return std::nullopt;  // no UTF-8, or no path
     }
-}
-
-void require(bool condition) {
-    if (!condition) std::abort();
 }
 
 }  // namespace

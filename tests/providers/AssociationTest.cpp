@@ -647,6 +647,10 @@ class AssociationTest : public qrvtest::ModuleTest, public testing::WithParamInt
         return std::string("7 ") + GetParam().messageName + " Invalid class name" + className;
     }
 
+    static std::string notFound() {
+        return std::string("6 ") + GetParam().notFoundName + " CIM Object not found.";
+    }
+
     AssociationTest() { exportVolumes(); }
 
   private:
@@ -682,10 +686,10 @@ TEST_P(AssociationTest, theParentClassNamesWhatIsFoundByItsEnds) {
     for (const std::string& path : GetParam().all) {
         const std::string byParent = std::string(path).replace(0, own.size(), parent);
         const std::string outcome = outcomeOf([&] {
-            const auto events = getInstance(instances(), byParent);
-            EXPECT_THAT(events[1], testing::StartsWith(full(path) + "\n"));
+            EXPECT_THAT(getInstance(instances(), byParent).at(1),
+                        testing::StartsWith(full(path) + "\n"));
         });
-        EXPECT_EQ(outcome.empty(), GetParam().foundByEnds) << byParent;
+        EXPECT_EQ(outcome, GetParam().foundByEnds ? "" : notFound()) << byParent;
     }
 }
 
@@ -702,8 +706,7 @@ TEST_P(AssociationTest, getInstanceRefusesOtherPaths) {
     const std::string keys = std::string(" Expect ") + GetParam().keys + " keys.";
     const std::string third = GetParam().keys == std::string("three") ? ",C=\"z\"" : "";
     for (const std::string& className : {own, std::string(GetParam().parentClass)})
-        EXPECT_EQ(outcome(className + ".A=\"x\",B=\"y\"" + third),
-                  std::string("6 ") + GetParam().notFoundName + " CIM Object not found.");
+        EXPECT_EQ(outcome(className + ".A=\"x\",B=\"y\"" + third), notFound());
     EXPECT_EQ(outcome(own + ".A=\"x\""), "4 " + message + keys);
     EXPECT_EQ(outcome(own + ".A=\"x\",B=\"y\"", "stranger"),
               "2 Insufficient privilege for the user");
@@ -753,7 +756,7 @@ TEST_F(AssociationDetailTest, persona2IsTheDefaultAndEachIsCurrent) {
         testing::ElementsAre("processing", flags("2"), flags("2"), flags("1"), "complete"));
     EXPECT_THAT(enumerateInstances(hosts.instances(), "QRV_HWIDCollectionElementSettingData", none),
                 testing::ElementsAre("processing", flags("2"), flags("1"), flags("2"), "complete"));
-    EXPECT_THAT(getInstance(hosts.instances(), hostSetting(BETA, PERSONA_2))[1], flags("1"));
+    EXPECT_THAT(getInstance(hosts.instances(), hostSetting(BETA, PERSONA_2)).at(1), flags("1"));
 }
 
 TEST_F(AssociationDetailTest, whyASourceLeadsNowhereIsLogged) {

@@ -51,7 +51,7 @@ class CollectionTest : public qrvtest::ModuleTest {
             [&] { provider().deleteInstance(requestOf(user), pathOf(path), handler); });
     }
 
-    std::string alphaNow() { return getInstance(provider(), OF_ALPHA)[1]; }
+    std::string alphaNow() { return getInstance(provider(), OF_ALPHA).at(1); }
 
   private:
     qrvtest::ModuleProvider _provider{"QRV_StorageHardwareIDCollectionProvider", broker()};

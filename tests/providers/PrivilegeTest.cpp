@@ -1,8 +1,6 @@
 // What the VLUNs of an array let initiators do: as privileges, and as one association for each.
 #include <functional>
 #include <mutex>
-#include <set>
-#include <sstream>
 #include <thread>
 
 #include "ModuleTest.h"
@@ -12,6 +10,8 @@ using namespace Pegasus;
 using qrvtest::outcomeOf;
 using qrvtest::pathOf;
 using qrvtest::requestOf;
+using qrvtest::sortedLines;
+using qrvtest::split;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -44,13 +44,6 @@ constexpr const char* ARRAY = R"({
     "volumes": [{"name": "v", "wwn": "60000000000000000000000000000001"}],
     "volumeSets": [{"name": "full", "members": ["v"]}, {"name": "void"}],
     "vluns": [)";
-
-Texts split(const std::string& text, char separator = ' ') {
-    Texts parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
-    return parts;
-}
 
 /// The JSON of a VLUN from its kind and NAME=VALUE; an initiator is named by its last digits.
 std::string vlun(const std::string& text) {
@@ -220,33 +213,27 @@ TEST_F(PrivilegeTest, vlunsLetInitiatorsThrough) {
     }
 }
 
-/// The lines of a text in an order of their own.
-std::set<std::string> linesOf(const std::string& text) {
-    const Texts lines = split(text, '\n');
-    return {lines.begin(), lines.end()};
-}
-
 TEST_F(PrivilegeTest, whatARightTells) {
     loadVluns("matchedSet host=a port=0:1:1");
     const std::string pair = "A1::MS:0:1:1:0", id = idOf(pair), path = privilege(pair);
-    const auto whole = linesOf(path + "\nInstanceID=" + id +
-                               "\nDescription=AuthorizedPrivilege for SPC MS:0:1:1:0 to "
-                               "StorageHardwareID " +
-                               idOf("A1") + "\nElementName=MS:0:1:1:0\nPrivilegeGranted=TRUE\n" +
-                               "Activities=5 6 ");
+    const auto whole = sortedLines(
+        path + "\nInstanceID=" + id +
+        "\nDescription=AuthorizedPrivilege for SPC MS:0:1:1:0 to "
+        "StorageHardwareID " +
+        idOf("A1") + "\nElementName=MS:0:1:1:0\nPrivilegeGranted=TRUE\n" + "Activities=5 6 ");
     const auto one = qrvtest::properties({"ElementName", "UseKey"});
     CIMInstanceProvider& privileges = _privileges.instances();
     const std::string parent = "CIM_AuthorizedPrivilege", key = ".InstanceID=\"" + id + "\"";
-    EXPECT_EQ(linesOf(enumerateInstances(privileges, parent)[1]), whole);
-    EXPECT_EQ(linesOf(getInstance(privileges, parent + key, one)[1]), whole);
+    EXPECT_EQ(sortedLines(enumerateInstances(privileges, parent).at(1)), whole);
+    EXPECT_EQ(sortedLines(getInstance(privileges, parent + key, one).at(1)), whole);
     EXPECT_EQ(enumerateInstances(privileges, parent, one),
               answer({path + "\nElementName=MS:0:1:1:0"}));
 
     const std::string link = right(pair);
     CIMInstanceProvider& rights = _fcRights.instances();
-    EXPECT_EQ(linesOf(enumerateInstances(rights, "CIM_AssociatedPrivilege")[1]),
-              linesOf(link + "\nPrivilegeGranted=TRUE\nActivities=5 6 \nSubject=" + full("A1") +
-                      "\nTarget=" + full("SC/MS:0:1:1:0") + "\nUseKey=" + id));
+    EXPECT_EQ(sortedLines(enumerateInstances(rights, "CIM_AssociatedPrivilege").at(1)),
+              sortedLines(link + "\nPrivilegeGranted=TRUE\nActivities=5 6 \nSubject=" + full("A1") +
+                          "\nTarget=" + full("SC/MS:0:1:1:0") + "\nUseKey=" + id));
     EXPECT_EQ(getInstance(rights, link.substr(link.find("QRV_")), one),
               answer({link + "\nUseKey=" + id}));
 }

@@ -10,6 +10,7 @@ using qrvtest::outcomeOf;
 using qrvtest::pathOf;
 using qrvtest::properties;
 using qrvtest::requestOf;
+using qrvtest::sortedLines;
 
 namespace {
 
@@ -36,22 +37,6 @@ const std::string ALPHA_ISCSI =
 const std::string BETA_FC = hardwareID("FC", "0000000000000005", "2", "beta");
 const std::string FREE_ISCSI = hardwareID("iSCSI", "iqn.2001-04.example:free", "5", "", "0.0.0.0");
 
-/// Properties in the order of their names, so that a test doesn't lean on the schema's order.
-std::string sorted(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) lines.push_back(line);
-    std::sort(lines.begin(), lines.end());
-    std::string result;
-    for (const std::string& line : lines) result += line + "\n";
-    return result;
-}
-
-std::vector<std::string> sorted(std::vector<std::string> texts) {
-    for (std::string& text : texts) text = sorted(text);
-    return texts;
-}
-
 class StorageHardwareIDTest : public qrvtest::ModuleTest {
   protected:
     CIMInstanceProvider& provider() { return _provider.instances(); }
@@ -73,7 +58,7 @@ class StorageHardwareIDTest : public qrvtest::ModuleTest {
 TEST_F(StorageHardwareIDTest, enumerationShowsEachInitiatorOnceInTheArraysOrder) {
     const auto expected = answer({ALPHA_FC, ALPHA_ISCSI, BETA_FC, FREE_ISCSI});
     for (const char* name : {"QRV_StorageHardwareID", "cim_storagehardwareid"})
-        EXPECT_EQ(sorted(enumerateInstances(provider(), name)), sorted(expected)) << name;
+        EXPECT_EQ(sortedLines(enumerateInstances(provider(), name)), sortedLines(expected)) << name;
     EXPECT_EQ(enumerateInstanceNames(provider(), "QRV_StorageHardwareID"),
               answer({pathText("ORVELIS:FC-1000000000A1B201"),
                       pathText("ORVELIS:iSCSI-iqn.2001-04.example:Alpha"),
@@ -101,11 +86,11 @@ TEST_F(StorageHardwareIDTest, getInstanceFindsByWwnAndNameInAnyCase) {
     };
     for (const auto& each : cases)
         EXPECT_EQ(
-            sorted(getInstance(provider(), std::string("QRV_StorageHardwareID.") + each.keys)),
-            sorted(answer({each.instance})));
+            sortedLines(getInstance(provider(), std::string("QRV_StorageHardwareID.") + each.keys)),
+            sortedLines(answer({each.instance})));
     EXPECT_EQ(
-        sorted(getInstance(provider(), std::string("CIM_StorageHardwareID.") + cases[0].keys)),
-        sorted(answer({ALPHA_FC})));
+        sortedLines(getInstance(provider(), std::string("CIM_StorageHardwareID.") + cases[0].keys)),
+        sortedLines(answer({ALPHA_FC})));
 }
 
 TEST_F(StorageHardwareIDTest, whatIsNotThereIsNotFound) {
@@ -233,7 +218,7 @@ TEST_F(StorageHardwareIDTest, buildInstanceShowsTheRecordsOfOneHostAsTheyAre) {
     };
     const Array<CIMInstance> instances = build("beta", paths, 3);
     ASSERT_EQ(instances.size(), 2U) << "repeated ones stay, other transports have no hardware ID";
-    EXPECT_EQ(sorted(qrvtest::textOf(instances[0])), sorted(BETA_FC));
+    EXPECT_EQ(sortedLines(qrvtest::textOf(instances[0])), sortedLines(BETA_FC));
     EXPECT_THAT(logged(), testing::IsEmpty());
     for (const auto& none :
          {build(nullptr, paths, 3), build("beta", nullptr, 3), build("b", paths, 0)})

@@ -78,6 +78,12 @@ TEST_F(SystemElementTest, aControllerIsShownByTheTransportOfItsVlun) {
         EXPECT_EQ(get(path), "6 QRV_SCSIController CIM Object not found.") << path;
     EXPECT_EQ(get("QRV_iSCSIController.DeviceID=\"HS:1\""),
               "4 QRV_iSCSIController Expect four keys.");
+
+    qrvapi::control::generateArray({300, 1, 0, 0, 1, 0});  // more controllers than one chunk has
+    qrvapi::control::recordCalls(true);
+    EXPECT_EQ(get(controller("SCSIController", "HS:999")),
+              "6 QRV_SCSIController CIM Object not found.");
+    EXPECT_EQ(qrvapi::control::callCount("api_getSCSIProtocolControllers_chunk"), 1U);
 }
 
 TEST_F(SystemElementTest, theInternalCacheAnswersForItsOneObjectOnly) {

@@ -326,6 +326,7 @@ TEST_F(VlunTest, VlunsHoldWhatTheyExport) {
     constexpr auto vlun = R"({"kind": "hostSees", "host": "empty", "volume": "v3", "lun": 1})";
     control::addVlun(vlun);
     EXPECT_THROW(control::removeHost("empty"), control::ScenarioError);
+    control::addPath("empty", R"({"iscsiName": "iqn.late"})");
     control::removeVlun(vlun);
     EXPECT_THROW(control::removeVlun(vlun), control::ScenarioError);
     control::removeHost("empty");

@@ -1,5 +1,8 @@
 #include "Handlers.h"
 
+#include <algorithm>
+#include <sstream>
+
 namespace qrvtest {
 
 namespace {
@@ -27,6 +30,27 @@ std::string textOf(const Pegasus::CIMInstance& instance) {
                 utf8(property.getValue().toString());
     }
     return text;
+}
+
+std::vector<std::string> split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);)
+        if (!part.empty()) parts.push_back(part);
+    return parts;
+}
+
+std::string sortedLines(const std::string& text) {
+    std::vector<std::string> lines = split(text, '\n');
+    std::sort(lines.begin(), lines.end());
+    std::string result;
+    for (const std::string& line : lines) result += line + "\n";
+    return result;
+}
+
+std::vector<std::string> sortedLines(std::vector<std::string> texts) {
+    for (std::string& text : texts) text = sortedLines(text);
+    return texts;
 }
 
 void MethodRecorder::deliverParamValue(const Pegasus::CIMParamValue& parameter) {

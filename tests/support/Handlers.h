@@ -53,6 +53,13 @@ std::string textOf(const Pegasus::CIMInstance&);
 std::string textOf(const Pegasus::CIMObject&);
 std::string textOf(const Pegasus::CIMObjectPath&);
 
+/// What stands between the separators, without empty parts.
+std::vector<std::string> split(const std::string& text, char separator = ' ');
+
+/// The same lines sorted, so that a test doesn't lean on the schema's order of properties.
+std::string sortedLines(const std::string& text);
+std::vector<std::string> sortedLines(std::vector<std::string> texts);
+
 /// The handler of one operation kind; `Base` is a response handler and `Result` what it takes.
 template <class Base, class Result>
 class RecordingHandler : public Base {

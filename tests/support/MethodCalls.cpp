@@ -6,7 +6,8 @@
 
 #include <cinttypes>
 #include <cstdio>
-#include <sstream>
+
+#include "Handlers.h"
 
 using namespace Pegasus;
 
@@ -18,14 +19,6 @@ namespace {
 
 String utf16(const std::string& text) {
     return String(text.c_str());
-}
-
-std::vector<std::string> split(const std::string& text, char separator) {
-    std::vector<std::string> parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, separator);)
-        if (!part.empty()) parts.push_back(part);
-    return parts;
 }
 
 std::string member(const char* name, const std::string& value) {
