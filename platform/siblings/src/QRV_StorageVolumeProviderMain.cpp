@@ -1,7 +1,7 @@
 // The library's entry: the CIM server asks it for providers by name.
 
-#include "ProviderTable.h"
 #include "QRV_InternalCacheProvider.h"
+#include "QRV_ProviderTable.h"
 #include "QRV_SystemElementProvider.h"
 
 PEGASUS_USING_PEGASUS;
@@ -9,7 +9,7 @@ PEGASUS_USING_PEGASUS;
 namespace {
 
 const ProviderEntry PROVIDERS[] = {
-    {"QRV_InternalCacheProvider", []() -> CIMProvider* { return new QRV_InternalCacheProvider(); }},
+    {"QRV_InternalCacheProvider", create<QRV_InternalCacheProvider>},
     {"QRV_StorageSystemProvider",
      []() -> CIMProvider* { return new QRV_SystemElementProvider(STORAGE_SYSTEM); }},
     {"QRV_SystemPackageProvider",

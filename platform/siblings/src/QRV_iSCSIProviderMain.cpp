@@ -1,7 +1,7 @@
 // The library's entry: the CIM server asks it for providers by name.
 
 #include "ControllerProvider.h"
-#include "ProviderTable.h"
+#include "QRV_ProviderTable.h"
 
 PEGASUS_USING_PEGASUS;
 

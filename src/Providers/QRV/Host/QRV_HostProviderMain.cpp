@@ -1,8 +1,8 @@
 // The module's entry: the CIM server asks it for providers by name.
-
 #include <Pegasus/Provider/CIMProvider.h>
 #include <qrvapi.h>
 
+#include "../QRV_ProviderTable.h"
 #include "QRV_AuthorizedPrivilegeProvider.h"
 #include "QRV_HWIDCollectionElementSettingDataProvider.h"
 #include "QRV_HardwareIDElementSettingDataProvider.h"
@@ -29,17 +29,7 @@ PEGASUS_USING_PEGASUS;
 
 namespace {
 
-template <class Provider>
-CIMProvider* create() {
-    return new Provider();
-}
-
-struct Entry {
-    const char* name;
-    CIMProvider* (*create)();
-};
-
-constexpr Entry PROVIDERS[] = {
+constexpr ProviderEntry PROVIDERS[] = {
     {"QRV_StorageHardwareIDProvider", create<QRV_StorageHardwareIDProvider>},
     {"QRV_StorageHardwareIDCollectionProvider", create<QRV_StorageHardwareIDCollectionProvider>},
     {"QRV_MemberOfStorageHardwareIDCollectionProvider",
@@ -79,9 +69,9 @@ extern "C" PEGASUS_EXPORT CIMProvider* PegasusCreateProvider(const String& name)
 CIMProvider* PegasusCreateProvider(const String& name) {
     log_message(4, "-->QRV_HostProviderMain(): provider name = %s\n",
                 static_cast<const char*>(name.getCString()));
-    for (const Entry& entry : PROVIDERS)
-        if (String::equalNoCase(name, entry.name)) return entry.create();
-    log_message(2, "<--QRV_HostProviderMain(): invalid provider name = %s\n",
-                static_cast<const char*>(name.getCString()));
-    return nullptr;
+    CIMProvider* const provider = createProvider(PROVIDERS, name);
+    if (provider == nullptr)
+        log_message(2, "<--QRV_HostProviderMain(): invalid provider name = %s\n",
+                    static_cast<const char*>(name.getCString()));
+    return provider;
 }

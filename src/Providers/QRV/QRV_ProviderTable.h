@@ -13,6 +13,12 @@ struct ProviderEntry {
     CIMProvider* (*create)();
 };
 
+/// For the tables: a provider of a class that needs nothing to be made.
+template <class Provider>
+CIMProvider* create() {
+    return new Provider();
+}
+
 /// Creates the provider of that name, in whatever case, or returns null when the library has none.
 template <std::size_t COUNT>
 CIMProvider* createProvider(const ProviderEntry (&table)[COUNT], const String& name) {
