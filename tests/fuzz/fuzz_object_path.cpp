@@ -31,6 +31,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(again.identical(*path));
         require(again.toString() == path->toString());
         require(again.makeHashCode() == path->makeHashCode());
+        // As a key, its text becomes the one that the path is written as.
+        const CIMKeyBinding key("Key", String(text, Uint32(size)), CIMKeyBinding::REFERENCE);
+        const CIMObjectPath link(String(), {}, "Link", Array<CIMKeyBinding>(&key, 1));
+        require(link.getKeyBindings()[0].getValue() == path->toString());
     }
     return 0;
 }

@@ -68,7 +68,7 @@ Uint32 sizeWithoutEscapes(const ObjectPathRep& path) {
 Array<CIMKeyBinding> canonicalKeys(Array<CIMKeyBinding> keys) {
     for (Uint32 i = 0; i < keys.size(); ++i) {
         const CIMKeyBinding& key = std::as_const(keys)[i];
-        if (key.getType() != CIMKeyBinding::REFERENCE) continue;
+        if (key.getType() != CIMKeyBinding::REFERENCE || isPlainPath(key.getValue())) continue;
         const String text = writeObjectPath(*readObjectPath(key.getValue()));
         if (text != key.getValue()) keys[i].setValue(text);
     }

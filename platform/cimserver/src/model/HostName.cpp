@@ -88,6 +88,10 @@ bool isBracketedHost(std::string_view text) {
 
 }  // namespace
 
+bool isHostName(const Char16* text, std::size_t size) {
+    return isName(text, size);
+}
+
 bool isHost(const String& text) {
     const Char16* const chars = text.getChar16Data();
     if (isName(chars, text.size())) return true;

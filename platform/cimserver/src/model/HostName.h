@@ -3,10 +3,15 @@
 
 #include <Pegasus/Common/String.h>
 
+#include <cstddef>
+
 namespace cimserver {
 
 /// Whether the text is a host name, an IPv4 address or a bracketed IPv6 address, with or without a
 /// port. The last label of a name must not be a number, or it is an address that is wrong.
 bool isHost(const Pegasus::String& text);
+
+/// Whether it is a host name, with no port.
+bool isHostName(const Pegasus::Char16* text, std::size_t size);
 
 }  // namespace cimserver

@@ -172,6 +172,91 @@ CIMKeyBinding ObjectPathReader::readNumber(const CIMName& name) {
 
 }  // namespace
 
+namespace {
+
+/// Goes along the plainest form of a path's text. The parts that it takes are legal, and what it
+/// doesn't take may be legal too.
+class PlainPath {
+  public:
+    explicit PlainPath(const String& text) : _at(text.getChar16Data()), _end(_at + text.size()) {}
+
+    bool takeAll() { return takeHost() && takeNamespace() && takeName() && takeKeys(); }
+
+  private:
+    bool take(char c) {
+        const bool found = _at != _end && *_at == Char16(Uint16(c));
+        if (found) ++_at;
+        return found;
+    }
+
+    /// A name as of a class: ASCII letters, digits and underscores, no digit first.
+    bool takeName() {
+        const Char16* const begin = _at;
+        for (; _at != _end; ++_at) {
+            const unsigned lower = *_at | 0x20U;
+            const bool isDigit = *_at >= '0' && *_at <= '9';
+            if (!(lower >= 'a' && lower <= 'z') && *_at != '_' && !(isDigit && _at != begin)) break;
+        }
+        return _at != begin;
+    }
+
+    bool takeHost() {
+        if (!take('/')) return true;
+        if (!take('/')) return false;
+        const Char16* const slash = std::find(_at, _end, Char16('/'));
+        if (slash == _end || !isHostName(_at, std::size_t(slash - _at))) return false;
+        _at = slash + 1;
+        return true;
+    }
+
+    bool takeNamespace() {
+        do {
+            if (!takeName()) return false;
+        } while (take('/'));
+        return take(':');
+    }
+
+    /// Keys in their order, of texts that hold neither an escape nor a path.
+    bool takeKeys() {
+        Range before{_at, _at};
+        for (char separator = '.'; _at != _end; separator = ',') {
+            if (!take(separator)) return false;
+            const Char16* const begin = _at;
+            if (!takeName() || !isBefore(before, {begin, _at})) return false;
+            before = {begin, _at};
+            if (!take('=') || !takeText()) return false;
+        }
+        return before.begin != before.end;
+    }
+
+    bool takeText() {
+        if (!take('"')) return false;
+        _at = std::find_if(_at, _end, [](Char16 c) { return c == '"' || c == '\\' || c == '='; });
+        return take('"');
+    }
+
+    struct Range {
+        const Char16* begin;
+        const Char16* end;
+    };
+
+    static bool isBefore(const Range& x, const Range& y) {
+        const auto folded = [](Uint16 c) { return c >= 'A' && c <= 'Z' ? c | 0x20 : int(c); };
+        return std::lexicographical_compare(
+            x.begin, x.end, y.begin, y.end,
+            [&](Char16 a, Char16 b) { return folded(a) < folded(b); });
+    }
+
+    const Char16* _at;
+    const Char16* const _end;
+};
+
+}  // namespace
+
+bool isPlainPath(const String& text) {
+    return PlainPath(text).takeAll();
+}
+
 Ref<ObjectPathRep> readObjectPath(const String& text) {
     return ObjectPathReader(text).read();
 }

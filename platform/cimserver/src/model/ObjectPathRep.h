@@ -24,6 +24,10 @@ void sortKeys(Pegasus::Array<Pegasus::CIMKeyBinding>& keys);
 /// The text of a path; see CIMObjectPath::toString().
 Pegasus::String writeObjectPath(const ObjectPathRep& path);
 
+/// Whether a text, by its plain form, is surely the one that writeObjectPath() gives for the path
+/// in it. That costs much less than to read the path. False says nothing.
+bool isPlainPath(const Pegasus::String& text);
+
 /// @throws MalformedObjectNameException
 Ref<ObjectPathRep> readObjectPath(const Pegasus::String& text);
 
