@@ -109,6 +109,22 @@ class Client {
     http::request<http::string_body> _request;
 };
 
+using Time = std::chrono::time_point<Clock, std::chrono::duration<double>>;
+
+// A client that loses the server counts as one failure more and asks no more.
+Tally runClient(const Task& task, Time end) {
+    Tally tally;
+    try {
+        Client client(task);
+        do client.ask(tally);
+        while (Clock::now() < end);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "load: %s\n", error.what());
+        ++tally.failures;
+    }
+    return tally;
+}
+
 Tally runClients(const Task& task, unsigned clients, double seconds) {
     Tally total;
     std::mutex lock;
@@ -116,10 +132,7 @@ Tally runClients(const Task& task, unsigned clients, double seconds) {
     const auto end = Clock::now() + std::chrono::duration<double>(seconds);
     for (unsigned i = 0; i < clients; ++i)
         threads.emplace_back([&] {
-            Tally mine;
-            Client client(task);
-            do client.ask(mine);
-            while (Clock::now() < end);
+            const Tally mine = runClient(task, end);
             const std::lock_guard guard(lock);
             total.seconds.insert(total.seconds.end(), mine.seconds.begin(), mine.seconds.end());
             total.bytes += mine.bytes;
@@ -139,6 +152,10 @@ void print(const Tally& tally, unsigned clients, double elapsed) {
     std::printf("%u clients: %zu answers, %zu failed, %.0f answers/s, %.1f MB/s, ", clients,
                 sorted.size(), tally.failures, static_cast<double>(sorted.size()) / elapsed,
                 static_cast<double>(tally.bytes) / elapsed / 1e6);
+    if (sorted.empty()) {
+        std::printf("none to measure\n");
+        return;
+    }
     std::printf("best %.2f ms, p50 %.2f ms, p99 %.2f ms, p99.9 %.2f ms, %zu bytes each\n",
                 sorted.front() * 1e3, percentile(sorted, 0.5) * 1e3, percentile(sorted, 0.99) * 1e3,
                 percentile(sorted, 0.999) * 1e3, tally.bytes / sorted.size());

@@ -4,11 +4,12 @@
 #include "ScriptedServer.h"
 #include "cimxml/Executor.h"
 #include "cimxml/ObjectDecoder.h"
-#include "cimxml/ObjectEncoder.h"
+#include "model/ObjectEncoder.h"
 
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -86,14 +87,19 @@ std::string rewritten(const std::string& text) {
     return out;
 }
 
+// A key that is a path as text comes back as a reference, which may be one too deep.
+bool isTooDeep(const Refusal& refusal) {
+    return std::string_view(refusal.what()).find("nested too deeply") != std::string_view::npos;
+}
+
 void roundTrip(const std::string& text) {
     std::string once;
     try {
         once = rewritten(text);
-    } catch (const Refusal&) {
-        return;
+        if (isExact(text) && rewritten(once) != once) std::abort();
+    } catch (const Refusal& refusal) {
+        if (!once.empty() && !isTooDeep(refusal)) std::abort();
     }
-    if (isExact(text) && rewritten(once) != once) std::abort();
 }
 
 }  // namespace

@@ -1,17 +1,21 @@
-// HTTP requests and responses as text, without sockets.
+// HTTP requests and responses as text, and what becomes of connections.
 #include "Support.h"
 #include "http/FrameSlot.h"
 #include "http/Gatekeeper.h"
+#include "http/Session.h"
 
 #include <Pegasus/Common/Exception.h>
 #include <gtest/gtest.h>
 #include <boost/asio/executor_work_guard.hpp>
+#include <boost/asio/ip/tcp.hpp>
 #include <boost/beast/http/parser.hpp>
 
 #include <atomic>
+#include <memory>
 #include <new>
 #include <ostream>
 #include <thread>
+#include <tuple>
 
 namespace cimserver::test {
 namespace {
@@ -298,6 +302,51 @@ TEST_F(GatekeeperTest, ChecksOnceWhatIsInUseUntilItMayHaveChanged) {
     EXPECT_EQ(ask({"u", "p1"}), "R");
     EXPECT_EQ(ask({"u", "p2"}), "A");
 }
+
+const Authenticator kNobody{[](const std::string&, const std::string&) { return false; }, {}};
+
+/// A connection with a request in its socket, and what a session asks of its server.
+class CutTest : public testing::TestWithParam<std::tuple<int, bool>>, protected SessionHost {
+  protected:
+    CutTest() {
+        boost::asio::ip::tcp::acceptor acceptor(io, {boost::asio::ip::address_v4::loopback(), 0});
+        client.connect(acceptor.local_endpoint());
+        session = std::make_shared<Session<boost::beast::tcp_stream>>(
+            boost::beast::tcp_stream(acceptor.accept()), "127.0.0.1",
+            static_cast<SessionHost&>(*this));
+        write(client, boost::asio::buffer(withBody(kHead)));
+        session->start();
+    }
+
+    const HttpSettings& settings() const override { return httpSettings; }
+    const CimService& service() const override { return cimService; }
+    Gatekeeper& gatekeeper() override { return doorman; }
+    boost::asio::thread_pool& workers() override { return pool; }
+    void ended(Connection&) override { ++ends; }
+
+    HttpSettings httpSettings;
+    ScriptedServer server;
+    CimService cimService{server, XmlLimits()};
+    boost::asio::io_context io;
+    Gatekeeper doorman{io, std::get<1>(GetParam()) ? Authenticator{} : kNobody};
+    boost::asio::thread_pool pool{1};
+    boost::asio::ip::tcp::socket client{io};
+    std::shared_ptr<Connection> session;
+    int ends = 0;
+};
+
+TEST_P(CutTest, EndsTheConnectionOnce) {
+    for (int i = 0; i < std::get<0>(GetParam()); ++i) io.run_one_for(std::chrono::milliseconds(20));
+    session->cut();
+    EXPECT_NO_THROW(io.poll());
+    pool.join();
+    io.restart();
+    EXPECT_NO_THROW(io.poll());
+    EXPECT_EQ(ends, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(AfterSteps, CutTest,
+                         testing::Combine(testing::Range(0, 9), testing::Bool()));
 
 TEST(FrameSlotTest, HoldsOneFrameAndEndsTheWaitWhenItBreaks) {
     FrameSlot slot;

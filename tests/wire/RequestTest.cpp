@@ -314,6 +314,21 @@ INSTANTIATE_TEST_SUITE_P(
         EnvelopeCase{"multiple requests", "<SIMPLEREQ", "<MULTIREQ/><SIMPLEREQ",
                      "400 header-mismatch"}));
 
+std::string outcomeOfReferences(int depth, const std::string& innermost) {
+    std::string key = "<KEYBINDING NAME=\"k\"><KEYVALUE>" + innermost + "</KEYVALUE></KEYBINDING>";
+    for (int i = 0; i < depth; ++i) {
+        key = "<KEYBINDING NAME=\"k\"><VALUE.REFERENCE><INSTANCENAME CLASSNAME=\"T\">" + key +
+              "</INSTANCENAME></VALUE.REFERENCE></KEYBINDING>";
+    }
+    return callOrOutcome({"DeleteInstance", keyed(key), ""}, false);
+}
+
+TEST(ReferenceKeyTest, NestsOnlySoDeepAndSoLong) {
+    EXPECT_EQ(outcomeOfReferences(4, "a").substr(0, 20), "deleteInstance T.k=\"");
+    EXPECT_EQ(outcomeOfReferences(5, "a"), "400 request-not-valid");
+    EXPECT_EQ(outcomeOfReferences(1, std::string(40'000, '"')), "400 request-not-valid");
+}
+
 std::string outcomeOfEmbedding(int depth) {
     std::string instance = "<INSTANCE CLASSNAME=\"E\"/>";
     for (int i = 0; i < depth; ++i) {

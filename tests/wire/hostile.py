@@ -80,6 +80,12 @@ class HostileTest(unittest.TestCase):
         with open(f"/proc/{self.server.process.pid}/status") as status:
             return next(int(line.split()[1]) for line in status if line.startswith(name))
 
+    def descriptors(self):
+        try:
+            return len(os.listdir(f"/proc/{self.server.process.pid}/fd"))
+        except PermissionError:  # a server with a key hides them from all but root
+            return 0
+
     def test_what_is_no_request_is_refused_and_ends_the_connection(self):
         good = wire.enumeration("T_Many_1")
         cases = {
@@ -157,9 +163,17 @@ class HostileTest(unittest.TestCase):
 
     def test_half_a_request_costs_nothing(self):
         request = raw(wire.enumeration("T_Many_1"))
-        for at in range(1, len(request), 37):
+        self.good()
+        files, memory = self.descriptors(), self.memory("VmRSS")
+        for at in range(1, len(request), 7):
             with self.server.socket() as sock:
                 sock.sendall(request[:at])
+        deadline = time.monotonic() + 5 * TIMEOUT
+        while self.descriptors() > files and time.monotonic() < deadline:
+            time.sleep(0.01)
+        self.assertLessEqual(self.descriptors(), files)
+        if not os.environ.get("SANITIZED"):
+            self.assertLess(self.memory("VmRSS") - memory, 2 * 1024)
 
     def test_an_idle_connection_ends(self):
         answer, elapsed = self.exchange(b"")

@@ -64,7 +64,7 @@ class ServerTest(unittest.TestCase):
         self.log = self.enterContext(tempfile.TemporaryFile("w+"))
         self.server = wire.start([PROGRAM, "--port", "0", "--array", ARRAY, "--log-level", "4"],
                                  "admin:admin", stderr=self.log)
-        self.addCleanup(lambda: self.server.stop())
+        self.addCleanup(lambda: self.assertEqual(self.server.stop(), 0))
         answer = self.server.post(intrinsic("EnumerateInstanceNames", ClassName=class_name(SERVICE)))
         self.service = (SERVICE, dict(re.findall(r'<KEYBINDING NAME="(\w+)">\s*<KEYVALUE[^>]*>([^<]*)', answer.text)))
 

@@ -21,6 +21,9 @@ namespace {
 
 // Instances within instances: each level multiplies the escapes, so real ones stay far below.
 constexpr unsigned kMaxEmbedding = 4;
+// References within the keys of references: they become text, where it is the same.
+constexpr unsigned kMaxReferences = 4;
+constexpr Uint32 kMaxReferenceText = 64 << 10;
 constexpr Uint32 kMaxKeys = 1000;
 
 std::string described(const XmlElement& element, std::string_view attribute) {
@@ -98,42 +101,55 @@ CIMKeyBinding::Type keyType(const XmlElement& keyValue) {
     throw notValid(described(keyValue, "VALUETYPE") + " is none of string, boolean and numeric");
 }
 
-CIMObjectPath decodeReference(const XmlElement& valueReference) {
+// `depth` tells in the keys of how many references a path stands.
+CIMObjectPath decodePathAt(const XmlElement& element, unsigned depth);
+
+CIMObjectPath decodeReferenceAt(const XmlElement& valueReference, unsigned depth) {
     XmlCursor cursor(valueReference);
-    CIMObjectPath path = decodePath(cursor.expectAny("a path"));
+    CIMObjectPath path = decodePathAt(cursor.expectAny("a path"), depth);
     cursor.end();
     return path;
 }
 
+CIMObjectPath decodeReference(const XmlElement& valueReference) {
+    return decodeReferenceAt(valueReference, 0);
+}
+
+String decodeReferenceKey(const XmlElement& valueReference, unsigned depth) {
+    if (depth >= kMaxReferences) throw notValid("reference keys are nested too deeply");
+    const String text = decodeReferenceAt(valueReference, depth + 1).toString();
+    if (text.size() > kMaxReferenceText) throw notValid("a reference key is too long");
+    return text;
+}
+
 // Takes KEYVALUE or VALUE.REFERENCE as the value of a key.
-std::optional<CIMKeyBinding> takeKey(XmlCursor& cursor, const CIMName& name) {
+std::optional<CIMKeyBinding> takeKey(XmlCursor& cursor, const CIMName& name, unsigned depth) {
     if (const XmlElement* text = cursor.take("KEYVALUE")) {
         return CIMKeyBinding(name, toString(text->text), keyType(*text));
     }
     if (const XmlElement* reference = cursor.take("VALUE.REFERENCE")) {
-        return CIMKeyBinding(name, decodeReference(*reference).toString(),
-                             CIMKeyBinding::REFERENCE);
+        return CIMKeyBinding(name, decodeReferenceKey(*reference, depth), CIMKeyBinding::REFERENCE);
     }
     return std::nullopt;
 }
 
-CIMKeyBinding decodeKeyBinding(const XmlElement& element) {
+CIMKeyBinding decodeKeyBinding(const XmlElement& element, unsigned depth) {
     XmlCursor cursor(element);
-    auto key = takeKey(cursor, nameAttribute(element));
+    auto key = takeKey(cursor, nameAttribute(element), depth);
     if (!key) throw notValid("KEYBINDING without a value");
     cursor.end();
     return *key;
 }
 
-CIMObjectPath decodeInstanceName(const XmlElement& element) {
+CIMObjectPath decodeInstanceName(const XmlElement& element, unsigned depth) {
     XmlCursor cursor(element);
     Array<CIMKeyBinding> keys;
-    if (const auto unnamed = takeKey(cursor, CIMName())) {
+    if (const auto unnamed = takeKey(cursor, CIMName(), depth)) {
         keys.append(*unnamed);
     } else {
         while (const XmlElement* binding = cursor.take("KEYBINDING")) {
             if (keys.size() == kMaxKeys) throw notValid("an object path has too many keys");
-            keys.append(decodeKeyBinding(*binding));
+            keys.append(decodeKeyBinding(*binding, depth));
         }
     }
     cursor.end();
@@ -145,36 +161,40 @@ CIMObjectPath decodeClassName(const XmlElement& element) {
     return CIMObjectPath(String(), CIMNamespaceName(), nameAttribute(element));
 }
 
-CIMObjectPath decodeLocalPath(const XmlElement& element, std::string_view object) {
+CIMObjectPath decodeLocalPath(const XmlElement& element, std::string_view object, unsigned depth) {
     XmlCursor cursor(element);
     const CIMNamespaceName nameSpace = decodeNamespace(cursor.expect("LOCALNAMESPACEPATH"));
-    CIMObjectPath path = decodePath(cursor.expect(object));
+    CIMObjectPath path = decodePathAt(cursor.expect(object), depth);
     cursor.end();
     path.setNameSpace(nameSpace);
     return path;
 }
 
-CIMObjectPath decodeFullPath(const XmlElement& element, std::string_view object) {
+CIMObjectPath decodeFullPath(const XmlElement& element, std::string_view object, unsigned depth) {
     XmlCursor cursor(element);
     XmlCursor nameSpacePath(cursor.expect("NAMESPACEPATH"));
     const XmlElement& host = nameSpacePath.expect("HOST");
     const CIMNamespaceName nameSpace = decodeNamespace(nameSpacePath.expect("LOCALNAMESPACEPATH"));
     nameSpacePath.end();
-    CIMObjectPath path = decodePath(cursor.expect(object));
+    CIMObjectPath path = decodePathAt(cursor.expect(object), depth);
     cursor.end();
     path.setNameSpace(nameSpace);
     path.setHost(toString(host.text));
     return path;
 }
 
-CIMObjectPath decodeAnyPath(const XmlElement& element) {
-    if (element.name == "INSTANCENAME") return decodeInstanceName(element);
+CIMObjectPath decodeAnyPath(const XmlElement& element, unsigned depth) {
+    if (element.name == "INSTANCENAME") return decodeInstanceName(element, depth);
     if (element.name == "CLASSNAME") return decodeClassName(element);
-    if (element.name == "LOCALINSTANCEPATH") return decodeLocalPath(element, "INSTANCENAME");
-    if (element.name == "LOCALCLASSPATH") return decodeLocalPath(element, "CLASSNAME");
-    if (element.name == "INSTANCEPATH") return decodeFullPath(element, "INSTANCENAME");
-    if (element.name == "CLASSPATH") return decodeFullPath(element, "CLASSNAME");
+    if (element.name == "LOCALINSTANCEPATH") return decodeLocalPath(element, "INSTANCENAME", depth);
+    if (element.name == "LOCALCLASSPATH") return decodeLocalPath(element, "CLASSNAME", depth);
+    if (element.name == "INSTANCEPATH") return decodeFullPath(element, "INSTANCENAME", depth);
+    if (element.name == "CLASSPATH") return decodeFullPath(element, "CLASSNAME", depth);
     throw notValid("\"" + std::string(element.name) + "\" is no path");
+}
+
+CIMObjectPath decodePathAt(const XmlElement& element, unsigned depth) {
+    return checked(element, [&] { return decodeAnyPath(element, depth); });
 }
 
 CIMFlavor decodeFlavor(const XmlElement& element) {
@@ -206,7 +226,7 @@ CIMNamespaceName decodeNamespace(const XmlElement& element) {
 }
 
 CIMObjectPath decodePath(const XmlElement& element) {
-    return checked(element, [&] { return decodeAnyPath(element); });
+    return decodePathAt(element, 0);
 }
 
 namespace {

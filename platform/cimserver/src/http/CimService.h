@@ -23,7 +23,8 @@ class CimService {
     CimService(LocalServer& server, const XmlLimits& limits) : _server(server), _limits(limits) {}
 
     /// Runs the request and writes the whole response to `out`. `close` announces that the
-    /// connection ends with it. Throws ClientGone and nothing else.
+    /// connection ends with it. Throws ClientGone, and std::bad_alloc when there is no
+    /// memory even for a refusal.
     Ending serve(const HttpRequest& request, const Caller& caller, ByteSink& out, bool close) const;
 
   private:

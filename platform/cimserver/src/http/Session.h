@@ -156,7 +156,9 @@ class Session final : public Connection,
             [self = self()](Error error, std::size_t) { self->onHead(error); });
     }
 
+    // What was read before a cut may be told after it, here and in onVerdict() and onBody().
     void onHead(Error error) {
+        if (_ended) return;
         if (error) return refuseUnreadable(error);
         const auto credentials = readCredentials(head());
         _host.gatekeeper().check(
@@ -201,6 +203,7 @@ class Session final : public Connection,
     }
 
     void onBody(Error error) {
+        if (_ended) return;
         if (error) return refuseUnreadable(error);
         lowest().expires_never();
         if (!_caller) return respondUnauthorized(!_parser->get().keep_alive());
@@ -223,7 +226,7 @@ class Session final : public Connection,
     Ending produce(const HttpRequest& request) {
         try {
             return _host.service().serve(request, *_caller, *this, _finishing);
-        } catch (const ClientGone&) {
+        } catch (...) {  // the client has gone, or there is no memory even to refuse
             return Ending::Reset;
         }
     }

@@ -52,7 +52,7 @@ void addPlaces(CLI::App& app, Options& options) {
     app.add_option("--schema", options.schema, "directory of the MOF files")->capture_default_str();
     app.add_option("--providers", options.providers, "directory of the provider libraries")
         ->capture_default_str();
-    app.add_option("--log-level", options.logLevel, "1 (errors only) to 4 (everything)")
+    app.add_option("--log-level", options.logLevel, "0 (nothing), 2 (errors) to 4 (everything)")
         ->check(CLI::Range(0, 4))
         ->capture_default_str();
 }

@@ -24,10 +24,14 @@ void become(const std::string& user, const passwd& account) {
                       setresuid(account.pw_uid, account.pw_uid, account.pw_uid) == 0;
     if (!done) throw cannotBecome(user, std::generic_category().message(errno));
     if (setuid(0) == 0) throw cannotBecome(user, "the way back to root is open");
-    prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
 }
 
 }  // namespace
+
+void forbidNewRights() {
+    if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0) return;
+    throw std::system_error(errno, std::generic_category(), "cannot forbid new rights");
+}
 
 void leaveRoot(const std::string& user) {
     if (geteuid() != 0) return;

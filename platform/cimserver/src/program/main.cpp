@@ -59,17 +59,16 @@ void shareHeaps() {
 std::vector<ProviderLibrary> openLibraries(const ClassRepository& repository,
                                            const std::string& directory) {
     std::vector<ProviderLibrary> libraries;
-    std::string failure;
     for (const auto& module : repository.instances(kInterop, "PG_ProviderModule")) {
         const ProviderId id{textProperty(module, "Name"), textProperty(module, "Location"), {}};
         try {
             libraries.emplace_back(directory, id);
         } catch (const Pegasus::Exception& error) {
-            failure = toUtf8(error.getMessage()) + " (in " + directory + ")";
-            std::cerr << "qrv-cimserver: " << failure << std::endl;
+            std::cerr << "qrv-cimserver: " << toUtf8(error.getMessage()) << " (in " << directory
+                      << ")" << std::endl;
         }
     }
-    if (libraries.empty()) throw std::runtime_error(failure);
+    if (libraries.empty()) throw std::runtime_error("no provider module can be loaded");
     return libraries;
 }
 
@@ -96,6 +95,7 @@ void announce(const std::vector<std::string>& urls) {
 }
 
 int serve(Options options) {
+    forbidNewRights();
     shareHeaps();
     options.http.realm = hostName();
     qrvapi::control::setLogLevel(options.logLevel);
