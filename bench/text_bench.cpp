@@ -6,8 +6,8 @@
 #include <string>
 
 #include "cimxml/ObjectDecoder.h"
-#include "cimxml/ObjectEncoder.h"
 #include "cimxml/XmlDocument.h"
+#include "model/ObjectEncoder.h"
 
 using namespace Pegasus;
 

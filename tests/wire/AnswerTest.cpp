@@ -1,8 +1,8 @@
 // What a client gets, given what the server delivers.
 #include "Support.h"
-#include "cimxml/ObjectEncoder.h"
-#include "cimxml/Text.h"
 #include "cimxml/Utf8.h"
+#include "model/ObjectEncoder.h"
+#include "model/XmlText.h"
 
 #include <Pegasus/Common/CIMParameter.h>
 #include <Pegasus/Common/Exception.h>

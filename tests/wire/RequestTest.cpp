@@ -1,6 +1,6 @@
 // What the server is asked, given what a client sends.
 #include "Support.h"
-#include "cimxml/Text.h"
+#include "model/XmlText.h"
 
 #include <gtest/gtest.h>
 
@@ -138,13 +138,13 @@ INSTANTIATE_TEST_SUITE_P(
                      kInstanceName + "</VALUE.REFERENCE></PROPERTY.REFERENCE>"),
              "createInstance T {s string=\xC3\xA9&, n sint16=null, a boolean[]=TRUE FALSE , "
              "r reference=T.K=\"a\"}"},
-        Case{
-            "CreateInstance",
-            created("<PROPERTY NAME=\"e\" TYPE=\"string\" EmbeddedObject=\"instance\"><VALUE>"
-                    "&lt;INSTANCE CLASSNAME=&quot;E&quot;&gt;&lt;/INSTANCE&gt;</VALUE></PROPERTY>"
-                    "<PROPERTY NAME=\"n\" TYPE=\"string\" "
-                    "EMBEDDEDOBJECT=\"object\"><VALUE/></PROPERTY>"),
-            "createInstance T {e instance=<INSTANCE CLASSNAME=\"E\"></INSTANCE>, n object=null}"}));
+        Case{"CreateInstance",
+             created("<PROPERTY NAME=\"e\" TYPE=\"string\" EmbeddedObject=\"instance\"><VALUE>"
+                     "&lt;INSTANCE CLASSNAME=&quot;E&quot;&gt;&lt;/INSTANCE&gt;</VALUE></PROPERTY>"
+                     "<PROPERTY NAME=\"n\" TYPE=\"string\" "
+                     "EMBEDDEDOBJECT=\"object\"><VALUE/></PROPERTY>"),
+             "createInstance T {e instance=<INSTANCE CLASSNAME=\"E\">\n</INSTANCE>\n, n "
+             "object=null}"}));
 
 INSTANTIATE_TEST_SUITE_P(
     ErrorsOfParameters, IntrinsicTest,

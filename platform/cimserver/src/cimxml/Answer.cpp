@@ -1,26 +1,16 @@
 #include "cimxml/Answer.h"
 
-#include "cimxml/Text.h"
 #include "cimxml/Utf8.h"
+#include "model/XmlText.h"
+
+#include <Pegasus/Common/InternalException.h>
 
 namespace cimserver {
 
 using namespace Pegasus;
 
-namespace {
-
-std::string statusName(CIMStatusCode code) {
-    const std::string name = cimStatusCodeToString(code);
-    const bool known = code >= CIM_ERR_SUCCESS && code <= CIM_ERR_SERVER_IS_SHUTTING_DOWN;
-    return known ? name : name + " \"" + std::to_string(static_cast<Uint32>(code)) + '"';
-}
-
-}  // namespace
-
 std::string errorDescription(const CIMException& error) {
-    const std::string message = toUtf8(error.getMessage());
-    const std::string name = statusName(error.getCode());
-    return message.empty() ? name : name + ": " + message;
+    return toUtf8(TraceableCIMException(error).getDescription());
 }
 
 Answer::Answer(const Message& message, AnswerChannel& channel)

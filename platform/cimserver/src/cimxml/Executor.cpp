@@ -1,9 +1,10 @@
 #include "cimxml/Executor.h"
 
+#include "broker/ProviderCall.h"
 #include "broker/TextConversion.h"
-#include "cimxml/ObjectEncoder.h"
 #include "cimxml/Request.h"
-#include "cimxml/Utf8.h"
+#include "model/ObjectEncoder.h"
+#include "model/Requests.h"
 
 #include <Pegasus/Common/Exception.h>
 
@@ -98,18 +99,10 @@ class Execution {
     }
 
     void operator()(const GetProperty& request) {
-        Selection selection;
-        Array<CIMName> names;
-        names.append(request.property);
-        selection.propertyList.set(names);
-        const CIMInstance owner =
-            _server.getInstance(_context, _nameSpace, request.path, selection);
-        const Uint32 index =
-            owner.isUninitialized() ? PEG_NOT_FOUND : owner.findProperty(request.property);
-        if (index == PEG_NOT_FOUND)
-            throw CIMException(CIM_ERR_NO_SUCH_PROPERTY, request.property.getString());
-        _answer.add(
-            [&](std::string& out) { appendValue(out, owner.getProperty(index).getValue()); });
+        const CIMValue value = deliveredValue(
+            _server.getInstance(_context, _nameSpace, request.path, onlyProperty(request.property)),
+            request.property);
+        _answer.add([&](std::string& out) { appendValue(out, value); });
     }
 
     void operator()(const SetProperty& request) {
@@ -117,15 +110,9 @@ class Execution {
             declaration(request.path.getClassName(), request.property);
         const CIMValue value =
             convertToDeclared(request.value, declared.getType(), declared.isArray());
-        CIMInstance instance(request.path.getClassName());
-        instance.setPath(request.path);
-        instance.addProperty(
-            CIMProperty(request.property, value, 0, declared.getReferenceClassName()));
-        Selection selection;
-        Array<CIMName> names;
-        names.append(request.property);
-        selection.propertyList.set(names);
-        _server.modifyInstance(_context, _nameSpace, instance, selection);
+        const CIMProperty changed(request.property, value, 0, declared.getReferenceClassName());
+        _server.modifyInstance(_context, _nameSpace, instanceToModify(request.path, changed),
+                               onlyProperty(request.property));
     }
 
     void operator()(const InvokeMethod& request) {
@@ -175,15 +162,8 @@ CIMException outcomeOf(Operation operation) {
         throw;
     } catch (const ClientGone&) {
         throw;
-    } catch (const CIMException& error) {
-        return error;
-    } catch (const Exception& error) {
-        return CIMException(CIM_ERR_FAILED, error.getMessage());
-    } catch (const std::exception& error) {
-        const char* what = error.what();
-        return CIMException(CIM_ERR_FAILED, isUtf8(what) ? String(what) : String("Unknown error."));
     } catch (...) {
-        return CIMException(CIM_ERR_FAILED, "Unknown error.");
+        return exceptionInFlight();
     }
 }
 

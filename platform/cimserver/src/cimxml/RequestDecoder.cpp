@@ -1,3 +1,4 @@
+#include "broker/PropertyLists.h"
 #include "cimxml/ObjectDecoder.h"
 #include "cimxml/Request.h"
 #include "cimxml/Utf8.h"
@@ -118,18 +119,6 @@ Array<CIMName> propertyNames(const XmlElement& valueArray) {
     return names;
 }
 
-// Later spellings of a name that is there already fall away.
-Array<CIMName> withoutRepetitions(const Array<CIMName>& names) {
-    Array<CIMName> result;
-    for (Uint32 i = 0; i < names.size(); ++i) {
-        const CIMName* begin = result.getData();
-        if (std::find(begin, begin + result.size(), names[i]) == begin + result.size()) {
-            result.append(names[i]);
-        }
-    }
-    return result;
-}
-
 constexpr std::size_t kMaxPropertyNames = 1000;
 
 Parameter propertyList(CIMPropertyList& out, bool keepRepetitions = false) {
@@ -138,7 +127,8 @@ Parameter propertyList(CIMPropertyList& out, bool keepRepetitions = false) {
                 const Array<CIMName> names = propertyNames(onlyChild(parameter, "VALUE.ARRAY"));
                 if (names.size() > kMaxPropertyNames)
                     throw notValid("the property list is too long");
-                out.set(keepRepetitions ? names : withoutRepetitions(names));
+                out.set(names);
+                if (!keepRepetitions) out = withoutDuplicates(out);
             }};
 }
 

@@ -1,7 +1,7 @@
 #include "http/CallHead.h"
 
-#include "cimxml/Text.h"
 #include "cimxml/Utf8.h"
+#include "http/PercentCode.h"
 
 #include <stdexcept>
 #include <string_view>

@@ -1,8 +1,8 @@
 #include "http/CimService.h"
 
 #include "cimxml/Executor.h"
-#include "cimxml/Text.h"
 #include "cimxml/Utf8.h"
+#include "http/PercentCode.h"
 
 #include <charconv>
 #include <exception>

@@ -1,6 +1,6 @@
 #include "http/Response.h"
 
-#include "cimxml/Text.h"
+#include "http/PercentCode.h"
 
 #include <ostream>
 

@@ -267,9 +267,10 @@ CIMValue CIMClient::getProperty(const CIMNamespaceName& nameSpace,
 void CIMClient::setProperty(const CIMNamespaceName& nameSpace, const CIMObjectPath& instanceName,
                             const CIMName& propertyName, const CIMValue& newValue) {
     asClient([&] {
-        server().modifyInstance(clientContext(), nameSpace,
-                                cimserver::instanceToModify(instanceName, propertyName, newValue),
-                                cimserver::onlyProperty(propertyName));
+        server().modifyInstance(
+            clientContext(), nameSpace,
+            cimserver::instanceToModify(instanceName, CIMProperty(propertyName, newValue)),
+            cimserver::onlyProperty(propertyName));
     });
 }
 

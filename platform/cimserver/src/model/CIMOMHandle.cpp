@@ -173,9 +173,10 @@ CIMValue CIMOMHandle::getProperty(const OperationContext& context,
 void CIMOMHandle::setProperty(const OperationContext& context, const CIMNamespaceName& nameSpace,
                               const CIMObjectPath& instanceName, const CIMName& propertyName,
                               const CIMValue& newValue) {
-    server().modifyInstance(context, nameSpace,
-                            cimserver::instanceToModify(instanceName, propertyName, newValue),
-                            cimserver::onlyProperty(propertyName));
+    server().modifyInstance(
+        context, nameSpace,
+        cimserver::instanceToModify(instanceName, CIMProperty(propertyName, newValue)),
+        cimserver::onlyProperty(propertyName));
 }
 
 CIMValue CIMOMHandle::invokeMethod(const OperationContext& context,

@@ -2,8 +2,8 @@
 
 #include "model/Access.h"
 #include "model/ArrayImpl.h"
+#include "model/ObjectEncoder.h"
 #include "model/ObjectRep.h"
-#include "model/ObjectText.h"
 
 #include <Pegasus/Common/CIMClass.h>
 #include <Pegasus/Common/CIMInstance.h>
@@ -54,7 +54,13 @@ Boolean CIMConstObject::identical(const CIMConstObject& x) const {
     return initialized(*this).identical(initialized(x));
 }
 String CIMConstObject::toString() const {
-    return objectText(initialized(*this));
+    std::string xml;
+    if (initialized(*this).isClass()) {
+        appendClass(xml, CIMConstClass(*this));
+    } else {
+        appendInstance(xml, CIMConstInstance(*this), {true, true, {}});
+    }
+    return String(xml.data(), Uint32(xml.size()));
 }
 Boolean CIMConstObject::isClass() const {
     return _rep && _rep->isClass();

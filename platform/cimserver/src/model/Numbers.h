@@ -20,10 +20,10 @@ struct Integer {
 
 /// Reads a decimal integer without leading zeros or a hexadecimal one (`0x1F`), with `+` or `-` in
 /// front or nothing. With a sign the number must fit 64 bits signed, without one 64 bits unsigned.
-std::optional<Integer> readInteger(const Pegasus::String& text) noexcept;
+PEGASUS_EXPORT std::optional<Integer> readInteger(const Pegasus::String& text) noexcept;
 
 /// Reads `[+-]digits.digits[e[+-]digits]`, the digits before the dot optional, if a double can hold
 /// it.
-std::optional<double> readReal(const Pegasus::String& text);
+PEGASUS_EXPORT std::optional<double> readReal(const Pegasus::String& text);
 
 }  // namespace cimserver

@@ -1,9 +1,6 @@
 #include "model/Requests.h"
 
-#include <Pegasus/Common/CIMDateTime.h>
-#include <Pegasus/Common/CIMProperty.h>
-
-#include <array>
+#include "model/TypeDispatch.h"
 
 namespace cimserver {
 namespace {
@@ -21,29 +18,6 @@ CIMValue textsOf(const CIMValue& value) {
     return CIMValue(texts);
 }
 
-using TextsOf = CIMValue (*)(const CIMValue&);
-
-/// By type; strings and references stay what they are.
-constexpr std::array<TextsOf, 17> textsByType{
-    textsOf<Boolean>,
-    textsOf<Uint8>,
-    textsOf<Sint8>,
-    textsOf<Uint16>,
-    textsOf<Sint16>,
-    textsOf<Uint32>,
-    textsOf<Sint32>,
-    textsOf<Uint64>,
-    textsOf<Sint64>,
-    textsOf<Real32>,
-    textsOf<Real64>,
-    textsOf<Char16>,
-    nullptr,
-    textsOf<CIMDateTime>,
-    nullptr,
-    textsOf<CIMObject>,
-    textsOf<CIMInstance>,
-};
-
 CIMValue asText(const CIMValue& value) {
     const CIMType type = value.getType();
     if (type == CIMTYPE_STRING || type == CIMTYPE_REFERENCE) {
@@ -52,7 +26,8 @@ CIMValue asText(const CIMValue& value) {
     if (value.isNull()) {
         return CIMValue(CIMTYPE_STRING, value.isArray());
     }
-    return value.isArray() ? textsByType[type](value) : CIMValue(value.toString());
+    if (!value.isArray()) return CIMValue(value.toString());
+    return withType(type, [&](auto tag) { return textsOf<typename decltype(tag)::Type>(value); });
 }
 
 }  // namespace
@@ -65,19 +40,22 @@ Selection onlyProperty(const CIMName& name) {
     return selection;
 }
 
-CIMValue valueAsText(const CIMInstance& instance, const CIMName& name) {
+CIMValue deliveredValue(const CIMInstance& instance, const CIMName& name) {
     const Uint32 index = instance.isUninitialized() ? PEG_NOT_FOUND : instance.findProperty(name);
     if (index == PEG_NOT_FOUND) {
         throw CIMException(CIM_ERR_NO_SUCH_PROPERTY, name.getString());
     }
-    return asText(instance.getProperty(index).getValue());
+    return instance.getProperty(index).getValue();
 }
 
-CIMInstance instanceToModify(const CIMObjectPath& path, const CIMName& name,
-                             const CIMValue& value) {
+CIMValue valueAsText(const CIMInstance& instance, const CIMName& name) {
+    return asText(deliveredValue(instance, name));
+}
+
+CIMInstance instanceToModify(const CIMObjectPath& path, const CIMProperty& property) {
     CIMInstance instance(path.getClassName());
     instance.setPath(path);
-    instance.addProperty(CIMProperty(name, value));
+    instance.addProperty(property);
     return instance;
 }
 

@@ -3,6 +3,8 @@
 
 #include "model/LocalServer.h"
 
+#include <Pegasus/Common/CIMProperty.h>
+
 #include <string>
 
 namespace cimserver {
@@ -16,14 +18,18 @@ Pegasus::Array<T> collect(Operation operation) {
 }
 
 /// What a request for one property's value asks for.
-Selection onlyProperty(const Pegasus::CIMName& name);
+PEGASUS_EXPORT Selection onlyProperty(const Pegasus::CIMName& name);
 
-/// The value of a property that was asked for, as text unless it is a reference. Throws
-/// CIM_ERR_NO_SUCH_PROPERTY when it was not delivered.
+/// The value of a property that was asked for. Throws CIM_ERR_NO_SUCH_PROPERTY when it was not
+/// delivered.
+PEGASUS_EXPORT Pegasus::CIMValue deliveredValue(const Pegasus::CIMInstance& instance,
+                                                const Pegasus::CIMName& name);
+
+/// The same as text, unless it is a reference.
 Pegasus::CIMValue valueAsText(const Pegasus::CIMInstance& instance, const Pegasus::CIMName& name);
 
 /// An instance with that one property, to modify the instance of that path.
-Pegasus::CIMInstance instanceToModify(const Pegasus::CIMObjectPath& path,
-                                      const Pegasus::CIMName& name, const Pegasus::CIMValue& value);
+PEGASUS_EXPORT Pegasus::CIMInstance instanceToModify(const Pegasus::CIMObjectPath& path,
+                                                     const Pegasus::CIMProperty& property);
 
 }  // namespace cimserver

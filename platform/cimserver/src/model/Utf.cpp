@@ -135,6 +135,16 @@ char* writeUtf8(const Char16* text, std::size_t n, char* to) noexcept {
     return to;
 }
 
+bool isUtf8(const char* text, std::size_t n) noexcept {
+    if (isAscii(text, n)) return true;
+    for (const char* const end = text + n; text != end;) {
+        const std::size_t size = readCharacter(text, std::size_t(end - text)).size;
+        if (size == 0) return false;
+        text += size;
+    }
+    return true;
+}
+
 Utf16Result readUtf8(const char* from, std::size_t n, Char16* to) noexcept {
     Char16* const begin = to;
     std::size_t read = 0;

@@ -1,5 +1,6 @@
 #include "mof/Lexer.h"
 
+#include "model/Utf.h"
 #include "mof/Number.h"
 
 #include <algorithm>
@@ -23,11 +24,9 @@ bool isBlank(char c) {
 
 /// A code point of the basic plane as UTF-8.
 std::string utf8(unsigned code) {
-    if (code < 0x80) return {static_cast<char>(code)};
-    const char last = static_cast<char>(0x80 | (code & 0x3F));
-    if (code < 0x800) return {static_cast<char>(0xC0 | (code >> 6)), last};
-    return {static_cast<char>(0xE0 | (code >> 12)), static_cast<char>(0x80 | ((code >> 6) & 0x3F)),
-            last};
+    const Pegasus::Char16 unit(static_cast<Pegasus::Uint16>(code));
+    char bytes[3];
+    return {bytes, writeUtf8(&unit, 1, bytes)};
 }
 
 }  // namespace

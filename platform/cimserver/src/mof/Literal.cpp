@@ -1,9 +1,8 @@
 #include "mof/Literal.h"
 
+#include "model/TypeDispatch.h"
 #include "mof/Number.h"
 
-#include <Pegasus/Common/CIMDateTime.h>
-#include <Pegasus/Common/CIMObjectPath.h>
 #include <Pegasus/Common/Exception.h>
 
 #include <charconv>
@@ -140,42 +139,13 @@ CIMValue Converter::convert(const Initializer& initializer) const {
     if (initializer.isArray != _type.isArray)
         _source.fail(initializer.at, _type.isArray ? "expected an array in braces"
                                                    : "an array does not fit a scalar");
-    switch (_type.type) {
-        case CIMTYPE_BOOLEAN:
-            return make<Boolean>(initializer);
-        case CIMTYPE_UINT8:
-            return make<Uint8>(initializer);
-        case CIMTYPE_SINT8:
-            return make<Sint8>(initializer);
-        case CIMTYPE_UINT16:
-            return make<Uint16>(initializer);
-        case CIMTYPE_SINT16:
-            return make<Sint16>(initializer);
-        case CIMTYPE_UINT32:
-            return make<Uint32>(initializer);
-        case CIMTYPE_SINT32:
-            return make<Sint32>(initializer);
-        case CIMTYPE_UINT64:
-            return make<Uint64>(initializer);
-        case CIMTYPE_SINT64:
-            return make<Sint64>(initializer);
-        case CIMTYPE_REAL32:
-            return make<Real32>(initializer);
-        case CIMTYPE_REAL64:
-            return make<Real64>(initializer);
-        case CIMTYPE_CHAR16:
-            return make<Char16>(initializer);
-        case CIMTYPE_STRING:
-            return make<String>(initializer);
-        case CIMTYPE_DATETIME:
-            return make<CIMDateTime>(initializer);
-        case CIMTYPE_REFERENCE:
-            return make<CIMObjectPath>(initializer);
-        case CIMTYPE_OBJECT:
-        case CIMTYPE_INSTANCE:
-            break;
-    }
-    _source.fail(initializer.at, "an embedded object can only be NULL");
+    return withType(_type.type, [&](auto tag) -> CIMValue {
+        using T = typename decltype(tag)::Type;
+        if constexpr (std::is_same_v<T, CIMObject> || std::is_same_v<T, CIMInstance>)
+            _source.fail(initializer.at, "an embedded object can only be NULL");
+        else
+            return make<T>(initializer);
+    });
 }
 
 }  // namespace

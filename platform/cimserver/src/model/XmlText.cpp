@@ -1,11 +1,12 @@
-#include "cimxml/Text.h"
+#include "model/XmlText.h"
+
+#include "model/Utf.h"
 
 #include <Pegasus/Common/Char16.h>
 
 #include <array>
 #include <charconv>
 #include <cstring>
-#include <stdexcept>
 
 namespace cimserver {
 
@@ -47,6 +48,10 @@ class Block {
         _size += text.size();
     }
 
+    void putUtf8(const Char16* text, std::size_t n) {
+        _size = static_cast<std::size_t>(writeUtf8(text, n, _bytes + _size) - _bytes);
+    }
+
     void flush() {
         _out.append(_bytes, _size);
         _size = 0;
@@ -82,28 +87,8 @@ void putReference(Block& block, unsigned c) {
     block.put(';');
 }
 
-void putUtf8(Block& block, unsigned c) {
-    if (c < 0x800) {
-        block.put(0xC0 | c >> 6);
-    } else if (c < 0x10000) {
-        block.put(0xE0 | c >> 12);
-        block.put(0x80 | (c >> 6 & 0x3F));
-    } else {
-        block.put(0xF0 | c >> 18);
-        block.put(0x80 | (c >> 12 & 0x3F));
-        block.put(0x80 | (c >> 6 & 0x3F));
-    }
-    block.put(0x80 | (c & 0x3F));
-}
-
-constexpr unsigned kReplacement = 0xFFFD;
-
-bool isHighSurrogate(unsigned c) {
-    return c >= 0xD800 && c < 0xDC00;
-}
-
-bool isLowSurrogate(unsigned c) {
-    return c >= 0xDC00 && c < 0xE000;
+bool isPair(unsigned high, unsigned low) {
+    return (high & 0xFC00) == 0xD800 && (low & 0xFC00) == 0xDC00;
 }
 
 unsigned unit(const Char16* p) {
@@ -116,13 +101,9 @@ unsigned unit(const char* p) {
 
 // Puts the character beyond ASCII at p and gives the last of its units.
 const Char16* putWide(Block& block, const Char16* p, const Char16* end) {
-    const unsigned c = unit(p);
-    if (isHighSurrogate(c) && p + 1 != end && isLowSurrogate(unit(p + 1))) {
-        putUtf8(block, 0x10000 + ((c - 0xD800) << 10) + (unit(p + 1) - 0xDC00));
-        return p + 1;
-    }
-    putUtf8(block, isHighSurrogate(c) || isLowSurrogate(c) ? kReplacement : c);
-    return p;
+    const std::size_t units = p + 1 != end && isPair(unit(p), unit(p + 1)) ? 2 : 1;
+    block.putUtf8(p, units);
+    return p + units - 1;
 }
 
 const char* putWide(Block& block, const char* p, const char*) {
@@ -156,19 +137,6 @@ void escape(std::string& out, const Unit* const begin, const Unit* const end) {
     block.flush();
 }
 
-bool isUnreserved(char c) {
-    const bool alphanumeric =
-        (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    return alphanumeric || std::string_view("-_.!~*'()").find(c) != std::string_view::npos;
-}
-
-unsigned hexDigit(char c) {
-    if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
-    if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a' + 10);
-    if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A' + 10);
-    throw std::invalid_argument("malformed % encoding");
-}
-
 }  // namespace
 
 void appendEscaped(std::string& out, const String& text) {
@@ -178,34 +146,6 @@ void appendEscaped(std::string& out, const String& text) {
 
 void appendEscaped(std::string& out, std::string_view utf8) {
     escape(out, utf8.data(), utf8.data() + utf8.size());
-}
-
-std::string percentEncoded(std::string_view text) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string out;
-    for (const char c : text) {
-        if (isUnreserved(c)) {
-            out += c;
-        } else {
-            const auto byte = static_cast<unsigned char>(c);
-            out += {'%', digits[byte >> 4], digits[byte & 15]};
-        }
-    }
-    return out;
-}
-
-std::string percentDecoded(std::string_view text) {
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '%') {
-            out += text[i];
-            continue;
-        }
-        if (text.size() - i < 3) throw std::invalid_argument("malformed % encoding");
-        out += static_cast<char>(hexDigit(text[i + 1]) << 4 | hexDigit(text[i + 2]));
-        i += 2;
-    }
-    return out;
 }
 
 }  // namespace cimserver

@@ -11,16 +11,9 @@ namespace cimserver {
 /// Appends text so that a reader gets back exactly the same, in an element or in an attribute: the
 /// five entities, control characters as references, and a reference for each blank that a reader
 /// might drop (at the ends, and every second one in a row). A lone surrogate becomes U+FFFD.
-void appendEscaped(std::string& out, const Pegasus::String& text);
+PEGASUS_EXPORT void appendEscaped(std::string& out, const Pegasus::String& text);
 
 /// The same for text that is UTF-8 already.
-void appendEscaped(std::string& out, std::string_view utf8);
-
-/// The text with every byte as %XX that is not an unreserved URI character.
-std::string percentEncoded(std::string_view text);
-
-/// The text with %XX replaced by the byte it stands for. Throws std::invalid_argument when it is
-/// malformed.
-std::string percentDecoded(std::string_view text);
+PEGASUS_EXPORT void appendEscaped(std::string& out, std::string_view utf8);
 
 }  // namespace cimserver

@@ -1,7 +1,7 @@
-#include "cimxml/ObjectEncoder.h"
+#include "model/ObjectEncoder.h"
 
-#include "cimxml/Text.h"
-#include "model/TypeDispatch.h"
+#include "model/ValueVisitor.h"
+#include "model/XmlText.h"
 
 #include <Pegasus/Common/CIMFlavor.h>
 #include <Pegasus/Common/CIMMethod.h>
@@ -207,13 +207,15 @@ void appendItem(std::string& out, const CIMObjectPath& path) {
 }
 
 template <class T>
-void appendArray(std::string& out, const CIMValue& value) {
+void appendData(std::string& out, const T& item) {
+    appendItem(out, item);
+}
+
+template <class T>
+void appendData(std::string& out, const Array<T>& items) {
     constexpr bool reference = std::is_same_v<T, CIMObjectPath>;
-    Array<T> items;
-    value.get(items);
-    const Array<T>& shared = items;
     out += reference ? "<VALUE.REFARRAY>\n" : "<VALUE.ARRAY>\n";
-    for (Uint32 i = 0, n = shared.size(); i < n; ++i) appendItem(out, shared[i]);
+    for (Uint32 i = 0, n = items.size(); i < n; ++i) appendItem(out, items[i]);
     out += reference ? "</VALUE.REFARRAY>\n" : "</VALUE.ARRAY>\n";
 }
 
@@ -333,13 +335,7 @@ void appendMethod(std::string& out, const CIMConstMethod& method) {
 
 void appendValue(std::string& out, const CIMValue& value) {
     if (value.isNull()) return;
-    withType(value.getType(), [&](auto tag) {
-        using T = typename decltype(tag)::Type;
-        if (value.isArray()) return appendArray<T>(out, value);
-        T item{};
-        value.get(item);
-        appendItem(out, item);
-    });
+    visit(value, [&](const auto& data) { appendData(out, data); });
 }
 
 void appendClassName(std::string& out, const CIMName& name) {
