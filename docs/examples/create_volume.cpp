@@ -3,6 +3,9 @@
 // the record that the array makes the volume from.
 //
 // It is built and linked as such a library is: against the exported toolkit and the array library.
+//
+//     cmake --preset debug && cmake --build --preset debug --target create_volume_example
+//     build/debug/bin/create_volume_example
 #include <QRV_Authorization.h>
 #include <QRV_Common.h>
 #include <qrvapi.h>
