@@ -2,6 +2,7 @@
 #include "Support.h"
 
 #include <Pegasus/Common/Array.h>
+#include <Pegasus/Common/CIMDateTime.h>
 #include <Pegasus/Common/CIMName.h>
 #include <Pegasus/Common/OperationContext.h>
 
@@ -48,6 +49,16 @@ TEST(String, RefusesSurrogatesAndShowsUnpairedOnes) {
     EXPECT_NE(model_tests::thrownBy<Exception>([] { String s("\xED\xA0\x80"); }), "no exception");
     const Char16 high = Uint16(0xD83D);
     EXPECT_EQ(text(String(&high, 1)), "\xEF\xBF\xBD");
+}
+
+TEST(CIMDateTime, RefusesResultsThatHaveNoText) {
+    const CIMDateTime longest(String("99999999235959.999999:000"));
+    const auto refused = [](auto action) {
+        return model_tests::thrownBy<DateTimeOutOfRangeException>(action) != "no exception";
+    };
+    EXPECT_TRUE(refused([&] { longest + longest; }));
+    EXPECT_TRUE(refused([&] { longest * 2; }));
+    EXPECT_TRUE(refused([&] { longest*(Uint64(1) << 63); }));
 }
 
 TEST(Array, MovesAndTakesItsOwnElements) {

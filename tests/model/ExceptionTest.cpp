@@ -81,6 +81,8 @@ TEST(TraceableCIMException, DescribesItself) {
          {Case{1, "m", "CIM_ERR_FAILED: m", "f.cpp(12): CIM_ERR_FAILED: m"},
           Case{6, "", "CIM_ERR_NOT_FOUND", "f.cpp(12): CIM_ERR_NOT_FOUND"},
           Case{18, "m", "empty: m", "f.cpp(12): empty: m"},
+          Case{-3, "", "Unrecognized CIM status code \"4294967293\"",
+               "f.cpp(12): Unrecognized CIM status code"},
           Case{4096, "m", "Unrecognized CIM status code \"4096\": m",
                "f.cpp(12): Unrecognized CIM status code: m"}}) {
         const TraceableCIMException exception(CIMStatusCode(code), message, "f.cpp", 12);

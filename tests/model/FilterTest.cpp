@@ -52,7 +52,7 @@ TEST(Filter, RemovesWhatIsNotAskedFor) {
     };
     for (const auto& c : cases) {
         CIMInstance instance = disk();
-        instance.filter(c.qualifiers, c.origin, c.list);
+        instance.instanceFilter(c.qualifiers, c.origin, c.list);
         EXPECT_EQ(onOneLine(CIMObject(instance)),
                   "<INSTANCE CLASSNAME=\"Disk\">" + c.content + "</INSTANCE>");
     }

@@ -12,6 +12,7 @@
 #include <sstream>
 #include <vector>
 
+#include "model/HostName.h"
 #include "model/LocalServer.h"
 
 using namespace Pegasus;
@@ -67,7 +68,9 @@ class RecordingServer : public cimserver::LocalServer {
     CIMClass getClass(const Context& c, const Namespace& n, const CIMName& name, bool localOnly,
                       const Selection& s) override {
         record("getClass", c, n, text(name.getString()) + (localOnly ? " local" : ""), s);
-        return CIMClass(name);
+        CIMClass declared(name);
+        declared.addProperty(CIMProperty(CIMName("U"), CIMValue(CIMTYPE_UINT8, false)));
+        return declared;
     }
     void enumerateClasses(const Context& c, const Namespace& n, const CIMName& name, bool deep,
                           bool localOnly, const Selection& s, const Sink<CIMClass>& sink) override {
@@ -209,7 +212,7 @@ TEST(CIMOMHandle, PassesEveryArgumentOn) {
         {[&] { cimom.getProperty(context, ns, p, CIMName("N")); },
          "getInstance ns C.K=\"x\" by 'u' N"},
         {[&] { cimom.setProperty(context, ns, p, CIMName("N"), CIMValue(Uint32(1))); },
-         "modifyInstance ns C.K=\"x\" by 'u' N"},
+         "modifyInstance ns //" + text(cimserver::ownHostName()) + "/ns:C.K=\"x\" by 'u' N"},
         {[&] { cimom.invokeMethod(context, ns, p, CIMName("M"), {}, out); },
          "invokeMethod ns C.K=\"x\" M by 'u'"}};
     for (const auto& [call, expected] : cases) {
@@ -238,6 +241,25 @@ TEST(CIMOMHandle, ReturnsWhatTheProviderDelivered) {
               "Gone");
     server.onCall = [] { throw CIMException(CIM_ERR_NOT_FOUND, "m"); };
     EXPECT_EQ(thrownBy<CIMException>([&] { cimom.deleteInstance(nobody, ns, p); }), "m");
+}
+
+TEST(CIMOMHandle, SetsTextsAsDeclaredAndGetsNullsAsDelivered) {
+    RecordingServer server;
+    CIMOMHandle cimom(&server);
+    const CIMObjectPath p = path("C.K=\"k\"");
+    cimom.setProperty({}, ns, p, CIMName("U"), CIMValue(String("3")));
+    EXPECT_EQ(server.modified.getProperty(0).getValue(), CIMValue(Uint8(3)));
+    EXPECT_NE(thrownBy<CIMException>(
+                  [&] { cimom.setProperty({}, ns, p, CIMName("X"), CIMValue(String("3"))); }),
+              "no exception");
+    const CIMValue null(CIMTYPE_UINT32, false);
+    server.instance.getProperty(1).setValue(null);
+    EXPECT_EQ(cimom.getProperty({}, ns, p, CIMName("N")), null);
+    CIMClient client;
+    client.connectLocal();
+    client.setProperty(ns, p, CIMName("U"), CIMValue(Uint32(4)));
+    EXPECT_EQ(server.modified.getProperty(0).getValue(), CIMValue(Uint8(4)));
+    EXPECT_EQ(client.getProperty(ns, p, CIMName("N")), CIMValue(CIMTYPE_STRING, false));
 }
 
 TEST(CIMOMHandle, AllowsNestedCalls) {

@@ -85,6 +85,13 @@ TEST(CIMPropertyList, TellsNullFromEmpty) {
               "uninitialized object");
     list.clear();
     EXPECT_TRUE(list.isNull());
+
+    Array<String> texts;
+    list.append(texts);
+    EXPECT_EQ(text(list.toString()), "EMPTY");
+    for (const char* name : {"c", "D", "C"}) texts.append(name);
+    list.append(texts);
+    EXPECT_EQ(text(list.toString()), "c, D");
 }
 
 TEST(CIMFlavor, IsASet) {

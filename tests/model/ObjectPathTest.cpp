@@ -109,14 +109,15 @@ TEST(CIMObjectPath, TellsWhatIsWrong) {
 
 TEST(CIMObjectPath, ChecksHosts) {
     for (const char* host : {"h", "h-1.example", "_h.b_c", "1.2.3.4", "[::1]", "[2001:db8::1]:5989",
-                             "h:0", "h:65535", "h:", "1h", "1.2.3.04"}) {
+                             "[fe80::1%lo]", "h:0", "h:65535", "h:", "1h", "1.2.3.04"}) {
         CIMObjectPath path(host, CIMNamespaceName("root"), CIMName("A"));
         path.setHost("other");
         path.setHost(host);
         EXPECT_EQ(path.getHost(), host);
     }
-    for (const char* host : {"-h", "a..b", "a.", "256.1.1.1", "1.2.3", "a b", "h:65536", "h:x",
-                             "::1", "[::1", "[1.2.3.4]", "\xC3\xA9", "12"}) {
+    for (const char* host :
+         {"-h", "a..b", "a.", "256.1.1.1", "1.2.3", "a b", "h:65536", "h:x", "::1", "[::1",
+          "[::1%lo]", "[fe80::1]", "[1.2.3.4]", "\xC3\xA9", "12"}) {
         CIMObjectPath path;
         const std::string message =
             std::string("malformed object name: ") + host + ", reason:\"invalid hostname\"";
@@ -222,6 +223,8 @@ TEST(CIMKeyBinding, ComesFromValues) {
         EXPECT_EQ(Key(CIMName("k"), null).getValue(), "");
     }
     EXPECT_FALSE(Key(CIMName("k"), "300", Key::NUMERIC).equal(CIMValue(Uint8(44))));
+    EXPECT_FALSE(Key(CIMName("k"), "+44", Key::NUMERIC).equal(CIMValue(Uint8(44))));
+    EXPECT_TRUE(Key(CIMName("k"), "+44", Key::NUMERIC).equal(CIMValue(Sint8(44))));
     EXPECT_TRUE(Key(CIMName("k"), "0x2C", Key::NUMERIC).equal(CIMValue(Uint8(44))));
     EXPECT_FALSE(Key(CIMName("k"), "44", Key::STRING).equal(CIMValue(Uint8(44))));
 }

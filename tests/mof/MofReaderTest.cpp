@@ -79,6 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "2:22: 0x10000000000000000 is out of range for uint64"},
         ErrorCase{"real32", "class A { real32 B = 1.0e99; };",
                   "2:22: 1.0e99 is out of range for real32"},
+        ErrorCase{"integer real", "class A { real64 B = 3; };", "2:22: 3 is not a real64"},
         ErrorCase{"hexadecimal real", "class A { real32 B = 0x10; };",
                   "2:22: 0x10 is not a real32"},
         ErrorCase{"string", "class A { string B = 1; };", "2:22: 1 is not a string"},
@@ -188,7 +189,7 @@ INSTANTIATE_TEST_SUITE_P(
         ValueCase{"uint64 P = 18446744073709551615;", Uint64(18446744073709551615U)},
         ValueCase{"sint64 P = -9223372036854775808;", Sint64(-9223372036854775807 - 1)},
         ValueCase{"real32 P = +1.5;", Real32(1.5)}, ValueCase{"real64 P = -.25e+2;", Real64(-25)},
-        ValueCase{"real64 P = 3;", Real64(3)}, ValueCase{"char16 P = '\\x20AC';", Char16(0x20AC)},
+        ValueCase{"char16 P = '\\x20AC';", Char16(0x20AC)},
         ValueCase{R"(string P = "a\"b" /* and */ "\t\x41";)", String("a\"b\tA")},
         ValueCase{"string P = \"\";", String()}, ValueCase{"string P;", {CIMTYPE_STRING, false}},
         ValueCase{"string P = null;", {CIMTYPE_STRING, false}},
@@ -214,6 +215,15 @@ TEST_F(RepositoryTest, ReadsReferencesAndDefaultsOfInstances) {
     CIMObjectPath to;
     repository.instances(Root, "L").at(0).getProperty(1).getValue().get(to);
     EXPECT_EQ(utf8(to.toString()), "A.K=\"y\"");
+}
+
+TEST_F(RepositoryTest, QualifiersWithoutValueAreTrueOrNull) {
+    read(
+        "Qualifier W : string = \"w\", Scope(class); Qualifier B : boolean = false, Scope(class);"
+        "[W, B] class A {};");
+    const CIMConstClass a = repository.resolvedClass(Root, "A");
+    EXPECT_EQ(a.getQualifier(a.findQualifier("W")).getValue(), CIMValue(CIMTYPE_STRING, false));
+    EXPECT_EQ(a.getQualifier(a.findQualifier("B")).getValue(), CIMValue(true));
 }
 
 /// A directory of its own that is gone after the test.

@@ -41,6 +41,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Escaped{" a b ", "&#32;a b&#32;"}, Escaped{"a    b", "a &#32; &#32;b"},
                     Escaped{"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80",
                             "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"},
+                    Escaped{"\xEF\xBF\xBE\xEF\xBF\xBF\xEF\xBF\xBD\xEF\xBE\xBF",
+                            "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBE\xBF"},
                     Escaped{std::string(5000, '&') + "x", [] {
                                 std::string all;
                                 for (int i = 0; i < 5000; ++i) all += "&amp;";
@@ -289,7 +291,7 @@ TEST(MessageTest, EchoesIdAndMethodSafely) {
         recorder.text,
         "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">\n"
         "<MESSAGE ID=\"&lt;&quot;\" PROTOCOLVERSION=\"1.0\">\n<SIMPLERSP>\n"
-        "<IMETHODRESPONSE NAME=\"enumerateCLASSnames\">\n</IMETHODRESPONSE>\n"
+        "<IMETHODRESPONSE NAME=\"EnumerateClassNames\">\n</IMETHODRESPONSE>\n"
         "</SIMPLERSP>\n</MESSAGE>\n</CIM>\n");
 }
 

@@ -1,5 +1,6 @@
 #include "cimxml/Answer.h"
 
+#include "cimxml/Request.h"
 #include "cimxml/Utf8.h"
 #include "model/XmlText.h"
 
@@ -28,7 +29,7 @@ void Answer::begin() {
     appendEscaped(_text, _message.id());
     _text += "\" PROTOCOLVERSION=\"1.0\">\n<SIMPLERSP>\n";
     _text += _message.intrinsic() ? "<IMETHODRESPONSE NAME=\"" : "<METHODRESPONSE NAME=\"";
-    appendEscaped(_text, _message.method());
+    appendEscaped(_text, calledName(_message));
     _text += "\">\n";
     _returnsValue = false;
 }

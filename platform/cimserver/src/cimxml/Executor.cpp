@@ -1,7 +1,6 @@
 #include "cimxml/Executor.h"
 
 #include "broker/ProviderCall.h"
-#include "broker/TextConversion.h"
 #include "cimxml/Request.h"
 #include "model/ObjectEncoder.h"
 #include "model/Requests.h"
@@ -106,13 +105,7 @@ class Execution {
     }
 
     void operator()(const SetProperty& request) {
-        const CIMConstProperty declared =
-            declaration(request.path.getClassName(), request.property);
-        const CIMValue value =
-            convertToDeclared(request.value, declared.getType(), declared.isArray());
-        const CIMProperty changed(request.property, value, 0, declared.getReferenceClassName());
-        _server.modifyInstance(_context, _nameSpace, instanceToModify(request.path, changed),
-                               onlyProperty(request.property));
+        setProperty(_server, _context, _nameSpace, request.path, request.property, request.value);
     }
 
     void operator()(const InvokeMethod& request) {
@@ -126,14 +119,6 @@ class Execution {
     }
 
   private:
-    CIMConstProperty declaration(const CIMName& className, const CIMName& property) {
-        const CIMClass owner =
-            _server.getClass(_context, _nameSpace, className, false, Selection());
-        const Uint32 index = owner.findProperty(property);
-        if (index == PEG_NOT_FOUND) throw CIMException(CIM_ERR_NO_SUCH_PROPERTY);
-        return owner.getProperty(index);
-    }
-
     Sink<CIMObject> objectSink(const Selection& selection) {
         return [&](const CIMObject& item) {
             _answer.add([&](std::string& out) { appendObjectWithPath(out, item, selection); });

@@ -39,6 +39,14 @@ CIMObjectPath headerPath(const std::string& text) {
     }
 }
 
+CIMObjectPath calledObject(const XmlElement& element) {
+    try {
+        return decodePath(element);
+    } catch (const Exception& error) {
+        throw notValid(toUtf8(error.getMessage()));
+    }
+}
+
 }  // namespace
 
 Message::Message(std::string_view body, const CallHeaders& headers, const XmlLimits& limits)
@@ -96,7 +104,7 @@ void Message::readExtrinsic(const CallHeaders& headers) {
     if (_method != headers.method) throw mismatch("CIMMethod", headers.method, _method);
     const XmlElement* object = _parameters.take("LOCALINSTANCEPATH");
     if (!object) object = &_parameters.expect("LOCALCLASSPATH");
-    _object.path = decodePath(*object);
+    _object.path = calledObject(*object);
     _object.nameSpace = _object.path.getNameSpace();
     const std::string name = toUtf8(_object.path.toString());
     if (headers.object.empty() || !_object.path.identical(headerPath(headers.object))) {

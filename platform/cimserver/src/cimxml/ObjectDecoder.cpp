@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <iterator>
 #include <type_traits>
+#include <vector>
 
 namespace cimserver {
 
@@ -31,13 +32,19 @@ std::string described(const XmlElement& element, std::string_view attribute) {
 }
 
 // Runs what builds an object from names and paths; what the object model refuses is no valid
-// request.
+// request, except values that only the operation is about.
 template <class Build>
 auto checked(const XmlElement& element, Build build) {
     try {
         return build();
     } catch (const TooManyElementsException& error) {
         throw Refusal(400, "request-with-too-many-elements", toUtf8(error.getMessage()));
+    } catch (const MalformedObjectNameException&) {
+        throw;
+    } catch (const UninitializedObjectException&) {
+        throw;
+    } catch (const DateTimeOutOfRangeException&) {
+        throw;
     } catch (const Exception& error) {
         throw notValid(std::string(element.name) + ": " + toUtf8(error.getMessage()));
     }
@@ -45,6 +52,11 @@ auto checked(const XmlElement& element, Build build) {
 
 CIMName optionalName(const XmlElement& element, std::string_view attribute) {
     return element.attribute(attribute) ? nameAttribute(element, attribute) : CIMName();
+}
+
+CIMName classOrigin(const XmlElement& element) {
+    return element.attribute("CLASSORIGIN") == "" ? CIMName()
+                                                  : optionalName(element, "CLASSORIGIN");
 }
 
 bool flagAttribute(const XmlElement& element, std::string_view attribute, bool absent) {
@@ -79,18 +91,45 @@ CIMType typeAttribute(const XmlElement& element) {
     return typeNamed(element, "TYPE", element.requiredAttribute("TYPE"));
 }
 
-// The type a value has once the EmbeddedObject attribute is taken into account.
-CIMType effectiveType(const XmlElement& element, CIMType declared, bool known) {
+// What the EmbeddedObject attribute makes of a text; nothing without the attribute.
+std::optional<CIMType> embeddedType(const XmlElement& element) {
     auto kind = element.attribute("EmbeddedObject");
     if (!kind) kind = element.attribute("EMBEDDEDOBJECT");
-    if (!kind) return declared;
-    if (!known || declared != CIMTYPE_STRING) {
-        throw notValid(described(element, "EmbeddedObject") +
-                       " stands on something that is no string");
-    }
+    if (!kind) return std::nullopt;
     if (*kind == "instance") return CIMTYPE_INSTANCE;
     if (*kind == "object") return CIMTYPE_OBJECT;
     throw notValid(described(element, "EmbeddedObject") + " is neither object nor instance");
+}
+
+// The same, told by the attribute or by the qualifiers EmbeddedObject and EmbeddedInstance.
+std::optional<CIMType> embeddedType(const XmlElement& element,
+                                    const std::vector<CIMQualifier>& qualifiers) {
+    auto found = embeddedType(element);
+    for (const CIMQualifier& qualifier : qualifiers) {
+        const CIMName& name = qualifier.getName();
+        const CIMValue& value = qualifier.getValue();
+        if (name.equal("EmbeddedObject") && value == CIMValue(true)) return CIMTYPE_OBJECT;
+        const bool namesClass = value.getType() == CIMTYPE_STRING && value.toString().size() != 0;
+        if (name.equal("EmbeddedInstance") && namesClass && !found) found = CIMTYPE_INSTANCE;
+    }
+    return found;
+}
+
+// The type of a value that may be embedded in a text.
+CIMType effectiveType(const XmlElement& element, CIMType declared,
+                      std::optional<CIMType> embedded) {
+    if (!embedded) return declared;
+    if (declared == CIMTYPE_STRING) return *embedded;
+    throw notValid(described(element, "EmbeddedObject") + " stands on something that is no string");
+}
+
+Uint32 arraySize(const XmlElement& element) {
+    const auto text = element.attribute("ARRAYSIZE");
+    if (!text) return 0;
+    Uint32 size = 0;
+    if (const auto value = valueFromText(toString(*text), CIMTYPE_UINT32)) value->get(size);
+    if (size == 0) throw notValid(described(element, "ARRAYSIZE") + " is no size");
+    return size;
 }
 
 CIMKeyBinding::Type keyType(const XmlElement& keyValue) {
@@ -250,6 +289,27 @@ CIMValue typed(const std::optional<CIMValue>& value, CIMType type) {
     throw notValid(std::string("a value is no ") + cimTypeToString(type));
 }
 
+// A date that is in no calendar is the caller's mistake, another text none of this grammar.
+void refuseImpossibleDate(const String& text, CIMType type) {
+    try {
+        if (type == CIMTYPE_DATETIME) CIMDateTime{text};
+    } catch (const InvalidDateTimeFormatException&) {
+        return;
+    }
+}
+
+CIMValue scalar(const String& text, CIMType type) {
+    const auto value = valueFromText(text, type);
+    if (!value) refuseImpossibleDate(text, type);
+    return typed(value, type);
+}
+
+CIMValue scalars(const Array<String>& texts, CIMType type) {
+    const auto values = valueFromTexts(texts, type);
+    for (Uint32 i = 0; !values && i < texts.size(); ++i) refuseImpossibleDate(texts[i], type);
+    return typed(values, type);
+}
+
 std::optional<CIMValue> takeReferences(XmlCursor& cursor) {
     if (const XmlElement* one = cursor.take("VALUE.REFERENCE"))
         return CIMValue(decodeReference(*one));
@@ -261,12 +321,12 @@ std::optional<CIMValue> takeReferences(XmlCursor& cursor) {
 
 std::optional<CIMValue> takeScalars(XmlCursor& cursor, CIMType type) {
     if (const XmlElement* one = cursor.take("VALUE")) {
-        return typed(valueFromText(toString(textOf(*one)), type), type);
+        return scalar(toString(textOf(*one)), type);
     }
     if (const XmlElement* many = cursor.take("VALUE.ARRAY")) {
         const auto texts = readAll<String>(
             *many, "VALUE", [](const XmlElement& item) { return toString(textOf(item)); });
-        return typed(valueFromTexts(texts, type), type);
+        return scalars(texts, type);
     }
     return std::nullopt;
 }
@@ -275,9 +335,12 @@ std::optional<CIMValue> takeScalars(XmlCursor& cursor, CIMType type) {
 
 template <class T>
 std::optional<CIMValue> ObjectDecoder::takeEmbedded(XmlCursor& cursor, CIMType type) const {
-    const auto read = [this](const XmlElement& item) { return T(embeddedInstance(textOf(item))); };
+    const auto read = [this](const XmlElement& item) {
+        if (textOf(item).empty()) throw UninitializedObjectException();
+        return T(embeddedInstance(item.text));
+    };
     if (const XmlElement* one = cursor.take("VALUE")) {
-        return one->text.empty() ? CIMValue(type, false) : CIMValue(read(*one));
+        return textOf(*one).empty() ? CIMValue(type, false) : CIMValue(read(*one));
     }
     if (const XmlElement* many = cursor.take("VALUE.ARRAY")) {
         return CIMValue(readAll<T>(*many, "VALUE", read));
@@ -285,11 +348,14 @@ std::optional<CIMValue> ObjectDecoder::takeEmbedded(XmlCursor& cursor, CIMType t
     return std::nullopt;
 }
 
-CIMInstance ObjectDecoder::embeddedInstance(std::string_view text) const {
+CIMInstance ObjectDecoder::embeddedInstance(std::string_view text) const try {
     if (_embedding >= kMaxEmbedding) throw notValid("embedded objects are nested too deeply");
     const XmlDocument document(text, _limits);
     if (document.root().name != "INSTANCE") throw notValid("an embedded object is no INSTANCE");
     return ObjectDecoder(_limits, _embedding + 1).instance(document.root());
+} catch (const Refusal& refusal) {
+    if (refusal.cimError() != kNotWellFormed) throw;
+    throw notValid(std::string("an embedded object is no XML: ") + refusal.what());
 }
 
 std::optional<CIMValue> ObjectDecoder::value(XmlCursor& cursor, CIMType type) const {
@@ -316,14 +382,21 @@ CIMQualifier ObjectDecoder::qualifier(const XmlElement& element) const {
     });
 }
 
+std::vector<CIMQualifier> ObjectDecoder::qualifiers(XmlCursor& cursor) const {
+    std::vector<CIMQualifier> result;
+    while (const XmlElement* child = cursor.take("QUALIFIER")) result.push_back(qualifier(*child));
+    return result;
+}
+
 CIMProperty ObjectDecoder::property(const XmlElement& element, bool array) const {
-    const CIMType type = effectiveType(element, typeAttribute(element), true);
-    CIMProperty result(nameAttribute(element), CIMValue(type, array), 0, CIMName(),
-                       optionalName(element, "CLASSORIGIN"),
-                       flagAttribute(element, "PROPAGATED", false));
     XmlCursor cursor(element);
-    while (const XmlElement* child = cursor.take("QUALIFIER"))
-        result.addQualifier(qualifier(*child));
+    const auto qualified = qualifiers(cursor);
+    const CIMType type =
+        effectiveType(element, typeAttribute(element), embeddedType(element, qualified));
+    const Uint32 size = array ? arraySize(element) : 0;
+    CIMProperty result(nameAttribute(element), CIMValue(type, array, size), size, CIMName(),
+                       classOrigin(element), flagAttribute(element, "PROPAGATED", false));
+    for (const CIMQualifier& added : qualified) result.addQualifier(added);
     if (const auto given = value(cursor, type)) result.setValue(*given);
     cursor.end();
     return result;
@@ -331,12 +404,10 @@ CIMProperty ObjectDecoder::property(const XmlElement& element, bool array) const
 
 CIMProperty ObjectDecoder::referenceProperty(const XmlElement& element) const {
     CIMProperty result(nameAttribute(element), CIMValue(CIMTYPE_REFERENCE, false), 0,
-                       optionalName(element, "REFERENCECLASS"),
-                       optionalName(element, "CLASSORIGIN"),
+                       optionalName(element, "REFERENCECLASS"), classOrigin(element),
                        flagAttribute(element, "PROPAGATED", false));
     XmlCursor cursor(element);
-    while (const XmlElement* child = cursor.take("QUALIFIER"))
-        result.addQualifier(qualifier(*child));
+    for (const CIMQualifier& added : qualifiers(cursor)) result.addQualifier(added);
     if (const auto given = value(cursor, CIMTYPE_REFERENCE)) result.setValue(*given);
     cursor.end();
     return result;
@@ -346,8 +417,7 @@ CIMInstance ObjectDecoder::instance(const XmlElement& element) const {
     CIMInstance result(nameAttribute(element, "CLASSNAME"));
     XmlCursor cursor(element);
     checked(element, [&] {
-        while (const XmlElement* child = cursor.take("QUALIFIER"))
-            result.addQualifier(qualifier(*child));
+        for (const CIMQualifier& added : qualifiers(cursor)) result.addQualifier(added);
         while (cursor.peek()) {
             if (const XmlElement* reference = cursor.take("PROPERTY.REFERENCE")) {
                 result.addProperty(referenceProperty(*reference));
@@ -377,8 +447,10 @@ CIMParamValue ObjectDecoder::parameter(const XmlElement& element) const {
     XmlCursor cursor(element);
     const bool mayRefer = !typeText || type == CIMTYPE_REFERENCE;
     const auto reference = mayRefer ? value(cursor, CIMTYPE_REFERENCE) : std::nullopt;
+    const auto embedded = embeddedType(element);
+    if (embedded && !typeText) throw notValid(described(element, "PARAMTYPE") + " is missing");
     const auto given =
-        reference ? reference : value(cursor, effectiveType(element, type, typeText.has_value()));
+        reference ? reference : value(cursor, effectiveType(element, type, embedded));
     cursor.end();
     const bool typed = given && (reference || typeText);
     return checked(element,

@@ -10,11 +10,14 @@
 #include <Pegasus/Common/CIMValue.h>
 
 #include <optional>
+#include <vector>
 
 namespace cimserver {
 
 // All of these throw Refusal for elements that the grammar doesn't allow, for illegal names and for
-// values that are no text of their type.
+// values that are no text of their type. Paths that name no object, missing names of parameters and
+// elements of arrays, and impossible dates are MalformedObjectNameException,
+// UninitializedObjectException and DateTimeOutOfRangeException.
 
 /// The name in an attribute; the attribute must be there.
 Pegasus::CIMName nameAttribute(const XmlElement&, std::string_view attribute = "NAME");
@@ -56,6 +59,7 @@ class ObjectDecoder {
     Pegasus::CIMProperty property(const XmlElement&, bool array) const;
     Pegasus::CIMProperty referenceProperty(const XmlElement&) const;
     Pegasus::CIMQualifier qualifier(const XmlElement&) const;
+    std::vector<Pegasus::CIMQualifier> qualifiers(XmlCursor&) const;
 
     const XmlLimits& _limits;
     unsigned _embedding = 0;  ///< how many embedded objects this one is within

@@ -21,6 +21,9 @@ class Refusal : public std::runtime_error {
     std::string _cimError;
 };
 
+/// The CIMError header for text that is no XML.
+constexpr const char* kNotWellFormed = "request-not-well-formed";
+
 /// Well-formed XML that is not a request of the CIM-XML grammar.
 inline Refusal notValid(const std::string& detail) {
     return Refusal(400, "request-not-valid", detail);

@@ -90,7 +90,7 @@ struct GetProperty {
 struct SetProperty {
     Pegasus::CIMObjectPath path;
     Pegasus::CIMName property;
-    Pegasus::CIMValue value;  ///< text, or references: the class knows the type
+    Pegasus::CIMValue value;  ///< text, whose type the class knows, or references, or nothing
 };
 
 struct InvokeMethod {
@@ -107,5 +107,8 @@ using Request = std::variant<GetClass, EnumerateClasses, EnumerateClassNames, Ge
 /// Reads the parameters of the call. Throws Refusal for what the grammar doesn't allow and
 /// Pegasus::CIMException for a method or parameter that isn't known, is given twice, or is missing.
 Request decodeRequest(const Message&);
+
+/// The name of the operation or method in the answer: operations in their own spelling.
+std::string_view calledName(const Message&);
 
 }  // namespace cimserver

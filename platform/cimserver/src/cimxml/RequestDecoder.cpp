@@ -38,6 +38,7 @@ void readOne(const XmlElement& element, std::vector<Parameter>& parameters) {
         std::find_if(parameters.begin(), parameters.end(),
                      [&](const Parameter& known) { return equalIgnoringCase(known.name, name); });
     if (found == parameters.end()) throw unknownParameter(name);
+    if (!element.text.empty()) throw notValid("text in place of a parameter's value");
     found->read(element);
     if (found->seen) {
         throw CIMException(CIM_ERR_INVALID_PARAMETER, "Duplicated request input parameter.");
@@ -95,7 +96,7 @@ Parameter text(const char* name, String& out) {
 Parameter instanceName(CIMObjectPath& out) {
     return {"InstanceName",
             [&out](const XmlElement& parameter) {
-                out = decodePath(onlyChild(parameter, "INSTANCENAME"));
+                if (parameter.firstChild) out = decodePath(onlyChild(parameter, "INSTANCENAME"));
             },
             Need::RequiredSilently};
 }
@@ -193,14 +194,20 @@ EnumerateInstanceNames decodeEnumerateInstanceNames(const Message& message) {
     return out;
 }
 
+void require(const CIMInstance& instance) {
+    if (instance.isUninitialized()) throw UninitializedObjectException();
+}
+
 CreateInstance decodeCreateInstance(const Message& message) {
     CreateInstance out;
     const ObjectDecoder decoder(message.limits());
     read(message, {{"NewInstance",
                     [&](const XmlElement& parameter) {
-                        out.instance = decoder.instance(onlyChild(parameter, "INSTANCE"));
+                        if (parameter.firstChild)
+                            out.instance = decoder.instance(onlyChild(parameter, "INSTANCE"));
                     },
                     Need::Required}});
+    require(out.instance);
     return out;
 }
 
@@ -209,12 +216,14 @@ ModifyInstance decodeModifyInstance(const Message& message) {
     const ObjectDecoder decoder(message.limits());
     read(message, {{"ModifiedInstance",
                     [&](const XmlElement& parameter) {
-                        out.instance =
-                            decoder.namedInstance(onlyChild(parameter, "VALUE.NAMEDINSTANCE"));
+                        if (parameter.firstChild)
+                            out.instance =
+                                decoder.namedInstance(onlyChild(parameter, "VALUE.NAMEDINSTANCE"));
                     },
                     Need::Required},
                    flag("IncludeQualifiers", out.selection.includeQualifiers),
                    propertyList(out.selection.propertyList, true)});
+    require(out.instance);
     return out;
 }
 
@@ -271,7 +280,6 @@ GetProperty decodeGetProperty(const Message& message) {
 
 SetProperty decodeSetProperty(const Message& message) {
     SetProperty out;
-    out.value.setNullValue(CIMTYPE_STRING, false);
     const ObjectDecoder decoder(message.limits());
     read(message, {instanceName(out.path),
                    propertyName(out.property),
@@ -280,7 +288,7 @@ SetProperty decodeSetProperty(const Message& message) {
                         auto value = decoder.value(cursor, CIMTYPE_STRING);
                         if (!value) value = decoder.value(cursor, CIMTYPE_REFERENCE);
                         cursor.end();
-                        if (value) out.value = *value;
+                        out.value = value ? *value : CIMValue(CIMTYPE_STRING, false);
                     }}});
     return out;
 }
@@ -321,16 +329,25 @@ constexpr Intrinsic kIntrinsics[] = {
     {"SetProperty", as<decodeSetProperty>},
 };
 
-Request decodeIntrinsic(const Message& message) {
+const Intrinsic* intrinsicOf(const Message& message) {
     const auto found = std::find_if(
         std::begin(kIntrinsics), std::end(kIntrinsics),
         [&](const Intrinsic& known) { return equalIgnoringCase(known.name, message.method()); });
-    if (found != std::end(kIntrinsics)) return found->decode(message);
+    return found == std::end(kIntrinsics) ? nullptr : found;
+}
+
+Request decodeIntrinsic(const Message& message) {
+    if (const Intrinsic* known = intrinsicOf(message)) return known->decode(message);
     throw CIMException(CIM_ERR_NOT_SUPPORTED,
                        toString("Unrecognized intrinsic method: " + std::string(message.method())));
 }
 
 }  // namespace
+
+std::string_view calledName(const Message& message) {
+    const Intrinsic* known = message.intrinsic() ? intrinsicOf(message) : nullptr;
+    return known ? known->name : message.method();
+}
 
 // What the object model refuses here, such as a property list with an illegal name, is the caller's
 // mistake.

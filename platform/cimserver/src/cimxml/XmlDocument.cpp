@@ -1,5 +1,6 @@
 #include "cimxml/XmlDocument.h"
 
+#include "cimxml/ControlMarks.h"
 #include "cimxml/Utf8.h"
 
 #include <expat.h>
@@ -27,8 +28,16 @@ bool isBlank(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return isBlank(c); });
 }
 
+constexpr std::string_view kBlanks = " \t\r\n";
+
+// What is left of a text without the bytes at its ends that are among these.
+std::string_view trimmed(std::string_view text, std::string_view front, std::string_view back) {
+    text.remove_prefix(std::min(text.find_first_not_of(front), text.size()));
+    return text.substr(0, text.find_last_not_of(back) + 1);
+}
+
 Refusal notWellFormed(XML_Parser parser) {
-    return Refusal(400, "request-not-well-formed",
+    return Refusal(400, kNotWellFormed,
                    "line " + std::to_string(XML_GetCurrentLineNumber(parser)) + ": " +
                        XML_ErrorString(XML_GetErrorCode(parser)));
 }
@@ -42,8 +51,12 @@ std::string quoted(std::string_view name) {
 // Expat is C: what a handler throws is kept until the parser has returned.
 class XmlDocument::Builder {
   public:
-    Builder(XmlDocument& document, std::string_view text, const XmlLimits& limits)
-        : _document(document), _text(text), _limits(limits), _parser(XML_ParserCreate("UTF-8")) {
+    Builder(XmlDocument& document, std::string_view text, const XmlLimits& limits, bool marked)
+        : _document(document),
+          _text(text),
+          _limits(limits),
+          _parser(XML_ParserCreate("UTF-8")),
+          _marked(marked) {
         if (!_parser) throw std::bad_alloc();
         XML_SetUserData(_parser.get(), this);
         XML_SetElementHandler(_parser.get(), &Builder::onStart, &Builder::onEnd);
@@ -53,11 +66,19 @@ class XmlDocument::Builder {
         XML_SetStartDoctypeDeclHandler(_parser.get(), &Builder::onDoctype);
     }
 
-    void run() {
+    // Whether the text is XML; what it holds in spite of that is a Refusal.
+    bool run() {
         const auto status =
             XML_Parse(_parser.get(), _text.data(), static_cast<int>(_text.size()), XML_TRUE);
         if (_failure) std::rethrow_exception(_failure);
-        if (status != XML_STATUS_OK) throw notWellFormed(_parser.get());
+        return status == XML_STATUS_OK;
+    }
+
+    Refusal failure() const { return notWellFormed(_parser.get()); }
+
+    bool hitsCharacter() const {
+        const XML_Error error = XML_GetErrorCode(_parser.get());
+        return error == XML_ERROR_INVALID_TOKEN || error == XML_ERROR_BAD_CHAR_REF;
     }
 
   private:
@@ -134,7 +155,8 @@ class XmlDocument::Builder {
         XmlAttribute* copies = make<XmlAttribute>(count);
         for (std::size_t i = 0; i < count; ++i) {
             checkLength(attributes[2 * i + 1], _limits.attributeBytes, "attribute value");
-            copies[i] = {copy(attributes[2 * i]), copy(attributes[2 * i + 1])};
+            copies[i] = {copy(attributes[2 * i]),
+                         copy(trimmed(attributes[2 * i + 1], kBlanks, kBlanks))};
         }
         element.attributes = copies;
         element.attributeCount = count;
@@ -190,16 +212,17 @@ class XmlDocument::Builder {
     }
 
     static std::size_t leadingBlanks(std::string_view text) {
-        return text.find_first_not_of(" \t\r\n");
+        return text.find_first_not_of(kBlanks);
     }
 
     static std::size_t trailingBlanks(std::string_view text) {
-        return text.size() - 1 - text.find_last_not_of(" \t\r\n");
+        return text.size() - 1 - text.find_last_not_of(kBlanks);
     }
 
     std::string_view copy(std::string_view text) {
         if (text.empty()) return {};
         auto* bytes = static_cast<char*>(_document._arena.allocate(text.size(), 1));
+        if (_marked) return {bytes, writeWithoutMarks(text, bytes)};
         std::memcpy(bytes, text.data(), text.size());
         return {bytes, text.size()};
     }
@@ -216,6 +239,7 @@ class XmlDocument::Builder {
     std::string_view _text;
     const XmlLimits& _limits;
     Parser _parser;
+    bool _marked;
     std::exception_ptr _failure;
     std::vector<Open> _open;
     std::size_t _elements = 0;
@@ -226,8 +250,14 @@ class XmlDocument::Builder {
 
 XmlDocument::XmlDocument(std::string_view text, const XmlLimits& limits) {
     if (!isUtf8(text)) throw notValid("the text is not UTF-8");
-    if (isBlank(text)) throw notValid("the text is empty");
-    Builder(*this, text, limits).run();
+    text = trimmed(text, kBlanks, {" \t\r\n\0", 5});
+    if (text.empty()) throw notValid("the text is empty");
+    Builder plain(*this, text, limits, false);
+    if (plain.run()) return;
+    const auto marked = plain.hitsCharacter() ? withMarks(text) : std::nullopt;
+    if (!marked) throw plain.failure();
+    Builder again(*this, *marked, limits, true);
+    if (!again.run()) throw again.failure();
 }
 
 std::optional<std::string_view> XmlElement::attribute(std::string_view wanted) const {

@@ -41,9 +41,11 @@ struct XmlElement {
     std::string_view requiredAttribute(std::string_view wanted) const;
 };
 
-/// Parses UTF-8 XML without document type declarations. Text that is not well formed is a Refusal
-/// "request-not-well-formed"; wrong UTF-8, a document type, text beside elements or a passed limit
-/// is "request-not-valid" (too many elements: "request-with-too-many-elements").
+/// Parses UTF-8 XML without document type declarations. Blanks before and behind the document and
+/// at the ends of attributes are ignored, NULs behind it as well; control characters count as any
+/// other character. Text that is not well formed is a Refusal "request-not-well-formed"; wrong
+/// UTF-8, a document type, text beside elements or a passed limit is "request-not-valid" (too many
+/// elements: "request-with-too-many-elements").
 class XmlDocument {
   public:
     XmlDocument(std::string_view text, const XmlLimits& limits);

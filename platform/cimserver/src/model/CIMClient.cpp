@@ -260,17 +260,16 @@ CIMValue CIMClient::getProperty(const CIMNamespaceName& nameSpace,
     return asClient([&] {
         const CIMInstance instance = server().getInstance(clientContext(), nameSpace, instanceName,
                                                           cimserver::onlyProperty(propertyName));
-        return cimserver::valueAsText(instance, propertyName);
+        const CIMValue value = cimserver::deliveredValue(instance, propertyName);
+        return value.isNull() ? CIMValue(CIMTYPE_STRING, false) : cimserver::asText(value);
     });
 }
 
 void CIMClient::setProperty(const CIMNamespaceName& nameSpace, const CIMObjectPath& instanceName,
                             const CIMName& propertyName, const CIMValue& newValue) {
     asClient([&] {
-        server().modifyInstance(
-            clientContext(), nameSpace,
-            cimserver::instanceToModify(instanceName, CIMProperty(propertyName, newValue)),
-            cimserver::onlyProperty(propertyName));
+        cimserver::setProperty(server(), clientContext(), nameSpace, instanceName, propertyName,
+                               cimserver::asText(newValue));
     });
 }
 

@@ -201,6 +201,16 @@ void writeInterval(char* to, Sint64 microseconds) {
     writeNumber(to, 0, 3);
 }
 
+void requireInterval(bool is, const char* message) {
+    if (!is) throw TypeMismatchException(message);
+}
+
+/// An interval is never negative.
+Uint64 quotient(Sint64 microseconds, Uint64 divisor) {
+    if (divisor == 0) throw Exception("Can not divide CIMDateTime by zero");
+    return Uint64(microseconds) / divisor;
+}
+
 /// As strcmp, with stars that equal everything.
 int compareTexts(const String& x, const String& y) {
     for (Uint32 i = 0; i < textSize; ++i) {
@@ -352,6 +362,28 @@ CIMDateTime CIMDateTime::operator-(const CIMDateTime& x) const {
     const Sint64 difference = getDifference(x, *this);
     requireRange(difference >= 0, "the result would be negative");
     return CIMDateTime(Uint64(difference), true);
+}
+
+CIMDateTime CIMDateTime::operator*(Uint64 x) const {
+    requireInterval(_isInterval, "Can not multiply a TimeStamp by an integer");
+    CIMDateTime result(*this);
+    const bool isTooLarge = __builtin_mul_overflow(_microseconds, x, &result._microseconds) ||
+                            result._microseconds >= endOfIntervals;
+    requireRange(!isTooLarge, "the result would be too large");
+    return result;
+}
+
+CIMDateTime CIMDateTime::operator/(Uint64 x) const {
+    requireInterval(_isInterval, "Can not divide a TimeStamp by an integer");
+    CIMDateTime result(*this);
+    result._microseconds = Sint64(quotient(_microseconds, x));
+    return result;
+}
+
+Uint64 CIMDateTime::operator/(const CIMDateTime& x) const {
+    requireInterval(_isInterval && x._isInterval,
+                    "Can not divide two CIMDateTime objects if one of them is a TimeStamp");
+    return quotient(_microseconds, Uint64(x._microseconds));
 }
 
 template class Array<CIMDateTime>;

@@ -80,10 +80,6 @@ void CIMInstance::instanceFilter(Boolean includeQualifiers, Boolean includeClass
                                  const CIMPropertyList& propertyList) {
     initialized(*this).filter(includeQualifiers, includeClassOrigin, propertyList);
 }
-void CIMInstance::filter(Boolean includeQualifiers, Boolean includeClassOrigin,
-                         const CIMPropertyList& propertyList) {
-    instanceFilter(includeQualifiers, includeClassOrigin, propertyList);
-}
 
 template class Array<CIMInstance>;
 

@@ -167,16 +167,13 @@ CIMValue CIMOMHandle::getProperty(const OperationContext& context,
                                   const CIMObjectPath& instanceName, const CIMName& propertyName) {
     const CIMInstance instance = server().getInstance(context, nameSpace, instanceName,
                                                       cimserver::onlyProperty(propertyName));
-    return cimserver::valueAsText(instance, propertyName);
+    return cimserver::asText(cimserver::deliveredValue(instance, propertyName));
 }
 
 void CIMOMHandle::setProperty(const OperationContext& context, const CIMNamespaceName& nameSpace,
                               const CIMObjectPath& instanceName, const CIMName& propertyName,
                               const CIMValue& newValue) {
-    server().modifyInstance(
-        context, nameSpace,
-        cimserver::instanceToModify(instanceName, CIMProperty(propertyName, newValue)),
-        cimserver::onlyProperty(propertyName));
+    cimserver::setProperty(server(), context, nameSpace, instanceName, propertyName, newValue);
 }
 
 CIMValue CIMOMHandle::invokeMethod(const OperationContext& context,

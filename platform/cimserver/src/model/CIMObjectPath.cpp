@@ -187,6 +187,13 @@ bool isReal(const String& text, Real value) {
     return real && Real(*real) == value;
 }
 
+/// Numbers without sign are written without one, zero included.
+bool hasNeedlessSign(const String& text, CIMType type) {
+    const bool isSigned = type == CIMTYPE_SINT8 || type == CIMTYPE_SINT16 ||
+                          type == CIMTYPE_SINT32 || type == CIMTYPE_SINT64;
+    return !isSigned && (text[0] == '+' || text[0] == '-');
+}
+
 bool isTextOf(const String& text, const CIMValue& value) {
     switch (value.getType()) {
         case CIMTYPE_BOOLEAN:
@@ -203,7 +210,7 @@ bool isTextOf(const String& text, const CIMValue& value) {
         case CIMTYPE_STRING:
             return text == value.toString();
         default:
-            return sameNumber(text, value.toString());
+            return !hasNeedlessSign(text, value.getType()) && sameNumber(text, value.toString());
     }
 }
 

@@ -22,6 +22,16 @@ void CIMPropertyList::set(const Array<CIMName>& propertyNames) {
     _isNull = false;
 }
 
+void CIMPropertyList::append(Array<String>& propertyNames) {
+    CIMPropertyList given;
+    for (Uint32 i = 0; i < propertyNames.size(); ++i) {
+        const CIMName name(propertyNames[i]);
+        if (!given.contains(name)) given._names.append(name);
+    }
+    if (given.size() != 0) _names = given._names;
+    _isNull = false;
+}
+
 Boolean CIMPropertyList::contains(const CIMName& name) const noexcept {
     return anyOf(_names, [&](const CIMName& listed) { return listed == name; });
 }

@@ -17,7 +17,7 @@ String statusName(CIMStatusCode code) {
         return cimStatusCodeToString(code);
     }
     String name;
-    name.appendPrintf("%s \"%d\"", cimStatusCodeToString(code), int(code));
+    name.appendPrintf("%s \"%u\"", cimStatusCodeToString(code), unsigned(code));
     return name;
 }
 
@@ -25,6 +25,22 @@ String statusName(CIMStatusCode code) {
 String separatedMessage(const Exception& exception) {
     const String& message = exception.getMessage();
     return message.size() == 0 ? message : joined(": ", message);
+}
+
+String quoted(const char* what, const String& text) {
+    return text.size() == 0 ? text : String(what).append(" = \"").append(text).append("\"");
+}
+
+/// `HTTP Error (404 Not Found): CIMError = "a" Detail = "b".`, of which all but the number may be
+/// missing.
+String httpErrorMessage(Uint32 httpStatusCode, const String& reasonPhrase, const String& cimError,
+                        const String& cimErrorDetail) {
+    String text = "HTTP Error (";
+    text.appendPrintf("%u", httpStatusCode);
+    if (reasonPhrase.size() != 0) text.append(" ").append(reasonPhrase);
+    text.append(cimError.size() + cimErrorDetail.size() != 0 ? "):" : ")");
+    text.append(quoted(" CIMError", cimError)).append(quoted(" Detail", cimErrorDetail));
+    return text.append(".");
 }
 
 }  // namespace
@@ -162,6 +178,23 @@ CIMPropertyNotFoundException::CIMPropertyNotFoundException(const String& message
 
 CIMMethodNotFoundException::CIMMethodNotFoundException(const String& message)
     : CIMOperationFailedException(CIM_ERR_METHOD_NOT_FOUND, message) {}
+
+CIMClientMalformedHTTPException::CIMClientMalformedHTTPException(const String& message)
+    : Exception(message) {}
+
+CIMClientHTTPErrorException::CIMClientHTTPErrorException(Uint32 httpStatusCode,
+                                                         const String& reasonPhrase,
+                                                         const String& cimError,
+                                                         const String& cimErrorDetail)
+    : Exception(httpErrorMessage(httpStatusCode, reasonPhrase, cimError, cimErrorDetail)),
+      _httpStatusCode(httpStatusCode),
+      _cimError(cimError),
+      _cimErrorDetail(cimErrorDetail) {}
+
+CIMClientHTTPErrorException::CIMClientHTTPErrorException(Uint32 httpStatusCode,
+                                                         const String& cimError,
+                                                         const String& cimErrorDetail)
+    : CIMClientHTTPErrorException(httpStatusCode, String(), cimError, cimErrorDetail) {}
 
 CIMClientXmlException::CIMClientXmlException(const String& message) : Exception(message) {}
 

@@ -1,6 +1,9 @@
 #include "model/HostName.h"
 
 #include <arpa/inet.h>
+#include <net/if.h>
+#include <strings.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -22,9 +25,21 @@ bool isNumber(std::string_view text) {
     return std::all_of(text.begin(), text.end(), isDigit);
 }
 
+bool isLinkLocal(const std::string& text) {
+    return strncasecmp(text.c_str(), "fe80", 4) == 0;
+}
+
+/// A link-local address has a zone, the interface that it is reached through; no other one has.
 bool isIpv6(std::string_view text) {
-    in6_addr address;
-    return inet_pton(AF_INET6, std::string(text).c_str(), &address) == 1;
+    std::string address(text);
+    if (isLinkLocal(address)) {
+        const auto zone = address.find('%');
+        if (zone == std::string::npos || if_nametoindex(address.c_str() + zone + 1) == 0)
+            return false;
+        address.resize(zone);
+    }
+    in6_addr parsed;
+    return inet_pton(AF_INET6, address.c_str(), &parsed) == 1;
 }
 
 /// A number from 0 to 255 of at most three digits.
@@ -105,6 +120,11 @@ bool isHost(const String& text) {
     const auto colon = std::min(all.find(':'), all.size());
     const auto host = all.substr(0, colon);
     return (isName(host.data(), host.size()) || isIpv4(host)) && isPortPart(all.substr(colon));
+}
+
+String ownHostName() {
+    char name[256] = {};
+    return gethostname(name, sizeof(name) - 1) == 0 && name[0] != '\0' ? name : "localhost";
 }
 
 }  // namespace cimserver

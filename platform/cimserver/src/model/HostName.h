@@ -1,6 +1,7 @@
 // Which texts name a host.
 #pragma once
 
+#include <Pegasus/Common/Linkage.h>
 #include <Pegasus/Common/String.h>
 
 #include <cstddef>
@@ -13,5 +14,8 @@ bool isHost(const Pegasus::String& text);
 
 /// Whether it is a host name, with no port.
 bool isHostName(const Pegasus::Char16* text, std::size_t size);
+
+/// The name of this computer, as paths name it.
+PEGASUS_EXPORT Pegasus::String ownHostName();
 
 }  // namespace cimserver

@@ -1,5 +1,7 @@
 #include "model/Requests.h"
 
+#include "broker/TextConversion.h"
+#include "model/HostName.h"
 #include "model/TypeDispatch.h"
 
 namespace cimserver {
@@ -18,16 +20,22 @@ CIMValue textsOf(const CIMValue& value) {
     return CIMValue(texts);
 }
 
-CIMValue asText(const CIMValue& value) {
-    const CIMType type = value.getType();
-    if (type == CIMTYPE_STRING || type == CIMTYPE_REFERENCE) {
-        return value;
-    }
-    if (value.isNull()) {
-        return CIMValue(CIMTYPE_STRING, value.isArray());
-    }
-    if (!value.isArray()) return CIMValue(value.toString());
-    return withType(type, [&](auto tag) { return textsOf<typename decltype(tag)::Type>(value); });
+CIMClass declaration(LocalServer& server, const OperationContext& context,
+                     const CIMNamespaceName& nameSpace, const CIMName& className) try {
+    return server.getClass(context, nameSpace, className, false, Selection());
+} catch (const CIMException& failure) {
+    if (failure.getCode() != CIM_ERR_NOT_FOUND) throw;
+    throw CIMException(CIM_ERR_INVALID_CLASS, className.getString());
+}
+
+CIMValue declaredValue(LocalServer& server, const OperationContext& context,
+                       const CIMNamespaceName& nameSpace, const CIMName& className,
+                       const CIMName& name, const CIMValue& text) {
+    const CIMClass owner = declaration(server, context, nameSpace, className);
+    const Uint32 index = owner.findProperty(name);
+    if (index == PEG_NOT_FOUND) throw CIMException(CIM_ERR_NO_SUCH_PROPERTY);
+    const CIMConstProperty declared = owner.getProperty(index);
+    return convertToDeclared(text, declared.getType(), declared.isArray());
 }
 
 }  // namespace
@@ -48,15 +56,23 @@ CIMValue deliveredValue(const CIMInstance& instance, const CIMName& name) {
     return instance.getProperty(index).getValue();
 }
 
-CIMValue valueAsText(const CIMInstance& instance, const CIMName& name) {
-    return asText(deliveredValue(instance, name));
+CIMValue asText(const CIMValue& value) {
+    const CIMType type = value.getType();
+    if (value.isNull() || type == CIMTYPE_STRING || type == CIMTYPE_REFERENCE) return value;
+    if (!value.isArray()) return CIMValue(value.toString());
+    return withType(type, [&](auto tag) { return textsOf<typename decltype(tag)::Type>(value); });
 }
 
-CIMInstance instanceToModify(const CIMObjectPath& path, const CIMProperty& property) {
-    CIMInstance instance(path.getClassName());
-    instance.setPath(path);
-    instance.addProperty(property);
-    return instance;
+void setProperty(LocalServer& server, const OperationContext& context,
+                 const CIMNamespaceName& nameSpace, const CIMObjectPath& path, const CIMName& name,
+                 const CIMValue& value) {
+    const CIMName& className = path.getClassName();
+    const bool isText = value.getType() == CIMTYPE_STRING;
+    CIMInstance instance(className);
+    instance.setPath(CIMObjectPath(ownHostName(), nameSpace, className, path.getKeyBindings()));
+    instance.addProperty(CIMProperty(
+        name, isText ? declaredValue(server, context, nameSpace, className, name, value) : value));
+    server.modifyInstance(context, nameSpace, instance, onlyProperty(name));
 }
 
 }  // namespace cimserver

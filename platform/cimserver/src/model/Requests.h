@@ -25,11 +25,15 @@ PEGASUS_EXPORT Selection onlyProperty(const Pegasus::CIMName& name);
 PEGASUS_EXPORT Pegasus::CIMValue deliveredValue(const Pegasus::CIMInstance& instance,
                                                 const Pegasus::CIMName& name);
 
-/// The same as text, unless it is a reference.
-Pegasus::CIMValue valueAsText(const Pegasus::CIMInstance& instance, const Pegasus::CIMName& name);
+/// The value as text, unless it is a reference or null.
+Pegasus::CIMValue asText(const Pegasus::CIMValue& value);
 
-/// An instance with that one property, to modify the instance of that path.
-PEGASUS_EXPORT Pegasus::CIMInstance instanceToModify(const Pegasus::CIMObjectPath& path,
-                                                     const Pegasus::CIMProperty& property);
+/// Modifies one property of an instance. A text takes the type that the class declares for the
+/// property; any other value keeps its type. Throws CIM_ERR_NO_SUCH_PROPERTY when the class has no
+/// property for a text, and what `convertToDeclared` throws.
+PEGASUS_EXPORT void setProperty(LocalServer& server, const Pegasus::OperationContext& context,
+                                const Pegasus::CIMNamespaceName& nameSpace,
+                                const Pegasus::CIMObjectPath& path, const Pegasus::CIMName& name,
+                                const Pegasus::CIMValue& value);
 
 }  // namespace cimserver

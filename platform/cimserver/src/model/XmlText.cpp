@@ -4,6 +4,7 @@
 
 #include <Pegasus/Common/Char16.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -99,14 +100,26 @@ unsigned unit(const char* p) {
     return static_cast<unsigned char>(*p);
 }
 
-// Puts the character beyond ASCII at p and gives the last of its units.
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+// Puts the character beyond ASCII at p and gives the last of its units. No reader of XML takes
+// U+FFFE and U+FFFF.
 const Char16* putWide(Block& block, const Char16* p, const Char16* end) {
+    if (unit(p) >= 0xFFFE) {
+        block.put(kReplacement);
+        return p;
+    }
     const std::size_t units = p + 1 != end && isPair(unit(p), unit(p + 1)) ? 2 : 1;
     block.putUtf8(p, units);
     return p + units - 1;
 }
 
-const char* putWide(Block& block, const char* p, const char*) {
+const char* putWide(Block& block, const char* p, const char* end) {
+    const std::string_view here(p, std::min<std::size_t>(3, static_cast<std::size_t>(end - p)));
+    if (here == "\xEF\xBF\xBE" || here == "\xEF\xBF\xBF") {
+        block.put(kReplacement);
+        return p + 2;
+    }
     block.put(unit(p));
     return p;
 }

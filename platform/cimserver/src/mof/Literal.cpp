@@ -75,7 +75,7 @@ T Converter::integer(const Literal& literal) const {
 
 template <class T>
 T Converter::real(const Literal& literal) const {
-    if (literal.kind != Literal::Kind::Integer) require(literal, Literal::Kind::Real);
+    require(literal, Literal::Kind::Real);
     const bool hasPlus = literal.text.front() == '+';
     const char* end = literal.text.data() + literal.text.size();
     T value{};

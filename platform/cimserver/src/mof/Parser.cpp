@@ -302,7 +302,7 @@ Parser::Qualifier Parser::qualifier() {
     return {CIMQualifier(qualifierName, value, flavors), start};
 }
 
-/// A boolean qualifier without value is true, any other takes the value of its declaration.
+/// A boolean qualifier without value is true, any other is null.
 CIMValue Parser::qualifierValue(const CIMQualifierDecl& declaration) {
     const ValueType valueType{declaration.getType(), bool(declaration.isArray()),
                               declaration.getArraySize()};
@@ -314,7 +314,8 @@ CIMValue Parser::qualifierValue(const CIMQualifierDecl& declaration) {
         return value;
     }
     const bool isFlag = valueType.type == CIMTYPE_BOOLEAN && !valueType.isArray;
-    return isFlag ? CIMValue(true) : declaration.getValue();
+    return isFlag ? CIMValue(true)
+                  : CIMValue(valueType.type, valueType.isArray, valueType.arraySize);
 }
 
 template <class Element>

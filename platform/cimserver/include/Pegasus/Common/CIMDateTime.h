@@ -59,6 +59,15 @@ class PEGASUS_COMMON_LINKAGE CIMDateTime {
     CIMDateTime& operator+=(const CIMDateTime& x) { return *this = *this + x; }
     CIMDateTime& operator-=(const CIMDateTime& x) { return *this = *this - x; }
 
+    /// An interval may be multiplied, divided, and divided by an interval, whole parts counted; a
+    /// time stamp throws TypeMismatchException. A product that is too large throws
+    /// DateTimeOutOfRangeException, a division by zero Exception.
+    CIMDateTime operator*(Uint64 x) const;
+    CIMDateTime operator/(Uint64 x) const;
+    CIMDateTime& operator*=(Uint64 x) { return *this = *this * x; }
+    CIMDateTime& operator/=(Uint64 x) { return *this = *this / x; }
+    Uint64 operator/(const CIMDateTime& x) const;
+
   private:
     static CIMDateTime parse(const String& text);
     static int compare(const CIMDateTime& x, const CIMDateTime& y);

@@ -86,10 +86,6 @@ class PEGASUS_COMMON_LINKAGE CIMInstance : public CIMConstInstance {
     void instanceFilter(Boolean includeQualifiers, Boolean includeClassOrigin,
                         const CIMPropertyList& propertyList);
 
-    /// As instanceFilter().
-    void filter(Boolean includeQualifiers, Boolean includeClassOrigin,
-                const CIMPropertyList& propertyList);
-
   private:
     friend struct cimserver::Access;
     explicit CIMInstance(cimserver::Ref<cimserver::ObjectRep> rep);

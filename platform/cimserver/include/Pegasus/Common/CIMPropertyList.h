@@ -19,6 +19,10 @@ class PEGASUS_COMMON_LINKAGE CIMPropertyList {
 
     void set(const Array<CIMName>& propertyNames);
 
+    /// The names take the place of those that the list had, each once; without any, those stay. The
+    /// list is not null afterwards. An illegal name throws InvalidNameException.
+    void append(Array<String>& propertyNames);
+
     /// Makes the list null.
     void clear() noexcept { *this = CIMPropertyList(); }
 
