@@ -1,5 +1,5 @@
 // Texts as values of a type.
-#include "broker/TextConversion.h"
+#include "model/TextConversion.h"
 
 #include <Pegasus/Common/CIMType.h>
 

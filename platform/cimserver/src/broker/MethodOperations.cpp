@@ -1,7 +1,7 @@
 #include "broker/MethodOperations.h"
 
 #include "broker/ResponseHandlers.h"
-#include "broker/TextConversion.h"
+#include "model/TextConversion.h"
 
 #include <Pegasus/Provider/CIMMethodProvider.h>
 

@@ -1,6 +1,6 @@
 #include "cimxml/ObjectDecoder.h"
 
-#include "broker/TextConversion.h"
+#include "model/TextConversion.h"
 #include "cimxml/Utf8.h"
 
 #include <Pegasus/Common/CIMFlavor.h>

@@ -60,15 +60,14 @@ bool isIpv4(std::string_view text) {
 /// Which characters a label of a name is made of, by their codes.
 constexpr std::array<bool, 128> LABEL_CHARACTERS = [] {
     std::array<bool, 128> legal{};
-    for (const char c : "-_0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ")
-        legal[static_cast<std::size_t>(c)] = c != '\0';
+    for (const char16_t c : u"-_0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ")
+        legal[c] = c != 0;
     return legal;
 }();
 
 /// Labels with dots between them, of which the last isn't a number. Every path with a host comes
 /// through here, so it looks at each character once.
-template <class Character>
-bool isName(const Character* text, std::size_t size) {
+bool isName(const Char16* text, std::size_t size) {
     bool starts = true;
     bool number = true;
     for (std::size_t i = 0; i < size; ++i) {
@@ -119,7 +118,7 @@ bool isHost(const String& text) {
     if (!all.empty() && all[0] == '[') return isBracketedHost(all);
     const auto colon = std::min(all.find(':'), all.size());
     const auto host = all.substr(0, colon);
-    return (isName(host.data(), host.size()) || isIpv4(host)) && isPortPart(all.substr(colon));
+    return (isName(chars, host.size()) || isIpv4(host)) && isPortPart(all.substr(colon));
 }
 
 String ownHostName() {

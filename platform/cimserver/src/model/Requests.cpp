@@ -1,6 +1,6 @@
 #include "model/Requests.h"
 
-#include "broker/TextConversion.h"
+#include "model/TextConversion.h"
 #include "model/HostName.h"
 #include "model/TypeDispatch.h"
 

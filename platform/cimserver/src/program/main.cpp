@@ -6,6 +6,7 @@
 #include "http/CimService.h"
 #include "http/HttpServer.h"
 #include "http/Tls.h"
+#include "model/HostName.h"
 #include "mof/MofReader.h"
 #include "program/Options.h"
 #include "program/Privileges.h"
@@ -13,7 +14,6 @@
 #include <Pegasus/Common/Exception.h>
 #include <malloc.h>
 #include <qrvapi_control.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -28,11 +28,6 @@ namespace cimserver {
 namespace {
 
 const char* const kInterop = "root/PG_InterOp";
-
-std::string hostName() {
-    char name[256] = {};
-    return gethostname(name, sizeof(name) - 1) == 0 && name[0] != '\0' ? name : "localhost";
-}
 
 void readSchema(ClassRepository& repository, const std::filesystem::path& directory) {
     MofReader reader(repository);
@@ -97,7 +92,7 @@ void announce(const std::vector<std::string>& urls) {
 int serve(Options options) {
     forbidNewRights();
     shareHeaps();
-    options.http.realm = hostName();
+    options.http.realm = std::string(ownHostName().getCString());
     qrvapi::control::setLogLevel(options.logLevel);
     qrvapi::control::loadScenarioFile(options.array);
 

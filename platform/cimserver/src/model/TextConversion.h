@@ -11,16 +11,17 @@ namespace cimserver {
 /// are decimal without leading zeros or 0x..., booleans TRUE or FALSE in any case, reals have a
 /// point and a digit behind it, an empty date-time is the zero interval. References and embedded
 /// objects have no text form here.
-std::optional<Pegasus::CIMValue> valueFromText(const Pegasus::String& text, Pegasus::CIMType type);
+PEGASUS_EXPORT std::optional<Pegasus::CIMValue> valueFromText(const Pegasus::String& text,
+                                                              Pegasus::CIMType type);
 
 /// The same for all elements of an array.
-std::optional<Pegasus::CIMValue> valueFromTexts(const Pegasus::Array<Pegasus::String>& texts,
-                                                Pegasus::CIMType type);
+PEGASUS_EXPORT std::optional<Pegasus::CIMValue> valueFromTexts(
+    const Pegasus::Array<Pegasus::String>& texts, Pegasus::CIMType type);
 
 /// A value as the declared type: strings are read as that type, null becomes its null. Throws
 /// CIMException CIM_ERR_INVALID_PARAMETER for a bad text, CIM_ERR_TYPE_MISMATCH when one is an
 /// array and the other not.
-Pegasus::CIMValue convertToDeclared(const Pegasus::CIMValue& value, Pegasus::CIMType type,
-                                    bool isArray);
+PEGASUS_EXPORT Pegasus::CIMValue convertToDeclared(const Pegasus::CIMValue& value,
+                                                   Pegasus::CIMType type, bool isArray);
 
 }  // namespace cimserver

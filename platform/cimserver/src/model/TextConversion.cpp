@@ -1,4 +1,4 @@
-#include "broker/TextConversion.h"
+#include "model/TextConversion.h"
 
 #include "model/Numbers.h"
 #include "model/TypeDispatch.h"
