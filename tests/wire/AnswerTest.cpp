@@ -314,6 +314,12 @@ TEST_P(FailureTest, ReachesTheClient) {
     EXPECT_EQ(answer, GetParam().expected);
 }
 
+std::string repeated(const std::string& text, int times) {
+    std::string all;
+    while (times-- > 0) all += text;
+    return all;
+}
+
 std::string error(int code, const std::string& description) {
     return "<ERROR CODE=\"" + std::to_string(code) + "\" DESCRIPTION=\"" + description + "\"/>\n";
 }
@@ -333,7 +339,10 @@ INSTANTIATE_TEST_SUITE_P(
         FailureCase{[] { throw std::bad_alloc(); }, error(1, "CIM_ERR_FAILED: std::bad_alloc")},
         FailureCase{[] { throw std::runtime_error("\xFF"); },
                     error(1, "CIM_ERR_FAILED: Unknown error.")},
-        FailureCase{[] { throw 1; }, error(1, "CIM_ERR_FAILED: Unknown error.")}));
+        FailureCase{[] { throw 1; }, error(1, "CIM_ERR_FAILED: Unknown error.")},
+        FailureCase{
+            [] { throw CIMException(CIM_ERR_FAILED, toString("x" + repeated("\u00e4", 5000))); },
+            error(1, "CIM_ERR_FAILED: x" + repeated("\u00e4", 2039))}));
 
 class StreamTest : public testing::Test {
   protected:

@@ -350,6 +350,9 @@ INSTANTIATE_TEST_SUITE_P(AfterSteps, CutTest,
 
 TEST(FrameSlotTest, HoldsOneFrameAndEndsTheWaitWhenItBreaks) {
     FrameSlot slot;
+    slot.put({"0", {}, {}});
+    slot.release();
+    EXPECT_TRUE(slot.frame().head.empty());  // nothing is kept of what has left
     slot.put({"a", {}, {}});
     EXPECT_FALSE(slot.empty());
     bool gone = false;

@@ -80,6 +80,21 @@ class ProtectionTest(unittest.TestCase):
             curl += ["-H", f"{field}: {value}"]
         self.assertIn("ORVELIS:alpha", subprocess.run(curl, capture_output=True, text=True, timeout=20).stdout)
 
+    def test_no_session_is_resumed(self):
+        server = self.start(*self.tls)
+        for version in (ssl.TLSVersion.TLSv1_2, ssl.TLSVersion.TLSv1_3):
+            context = ssl._create_unverified_context()
+            context.minimum_version = context.maximum_version = version
+            session = None
+            for _ in range(2):
+                plain = socket.create_connection((server.host, server.port), 10)
+                with context.wrap_socket(plain, session=session) as sock:
+                    self.assertFalse(sock.session_reused)
+                    sock.sendall(b"GET / HTTP/1.0\r\n\r\n")
+                    self.assertTrue(sock.recv(100))
+                    session = sock.session
+                    self.assertFalse(session.has_ticket)
+
     @unittest.skipUnless(shutil.which("wbemcli"), "without wbemcli")
     def test_wbemcli_with_tls(self):
         server = self.start(*self.tls)
@@ -130,6 +145,13 @@ class ProtectionTest(unittest.TestCase):
             self.assertServes(server)
             log.seek(0)
             self.assertIn("Cannot load library", log.read())
+
+    def test_who_reads_the_log_may_go(self):
+        reader, log = os.pipe()
+        server = self.start("--log-level", "4", stderr=log)
+        os.close(log)
+        os.close(reader)
+        self.assertServes(server)
 
     @unittest.skipUnless(os.geteuid() == 0, "for root only")
     def test_root_is_left(self):

@@ -78,16 +78,20 @@ class StartupTest(unittest.TestCase):
         self.fails(1, r"Cannot load library", "--providers", self.folder)
 
     def test_both_addresses_of_this_machine_have_one_port(self):
-        process = subprocess.Popen([PROGRAM, "--port", "0", "--array", str(HERE / "array.json")],
-                                   stdout=subprocess.PIPE, text=True)
-        urls = []
-        while (line := process.stdout.readline()) != "Ready.\n":
-            urls.append(line.split()[-1])
-        process.terminate()
-        self.assertEqual(process.wait(20), 0)
-        process.stdout.close()
-        self.assertEqual(len({url.rsplit(":", 1)[1] for url in urls}), 1, urls)
-        self.assertTrue(all(re.match(r"http://(127\.0\.0\.1|\[::1\]):\d+/$", url) for url in urls), urls)
+        with socket.create_server(("127.0.0.1", 0)) as free:
+            port = str(free.getsockname()[1])
+        for arguments in (["--port", "0"], ["--port", port, "--listen", "localhost", "--listen", "127.0.0.1"]):
+            process = subprocess.Popen([PROGRAM, "--array", str(HERE / "array.json"), *arguments],
+                                       stdout=subprocess.PIPE, text=True)
+            urls = []
+            while (line := process.stdout.readline()) not in ("Ready.\n", ""):
+                urls.append(line.split()[-1])
+            process.terminate()
+            self.assertEqual(process.wait(20), 0)
+            process.stdout.close()
+            self.assertEqual(len({url.rsplit(":", 1)[1] for url in urls}), 1, urls)
+            self.assertEqual(len(set(urls)), len(urls))
+            self.assertTrue(all(re.match(r"http://(127\.0\.0\.1|\[::1\]):\d+/$", url) for url in urls), urls)
 
 
 if __name__ == "__main__":

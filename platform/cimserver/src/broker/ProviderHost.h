@@ -26,8 +26,9 @@ class ProviderHost {
     const LoadedProvider& get(const ProviderId& id);
 
     /// Terminates the providers, the last loaded first, then closes their libraries. The caller
-    /// sees to it that no operation runs any more. Requests that a provider makes while it
-    /// terminates find those providers that were loaded and are not terminated yet.
+    /// sees to it that no operation runs any more; a thread that a provider has started itself has
+    /// to be through with its requests before the first provider is terminated. Requests that a
+    /// provider makes while it terminates find those that were loaded and are not terminated yet.
     void terminateAll();
 
   private:

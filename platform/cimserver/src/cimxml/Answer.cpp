@@ -10,8 +10,24 @@ namespace cimserver {
 
 using namespace Pegasus;
 
+namespace {
+
+constexpr std::size_t kMostErrorBytes = 4 << 10;  // what a client sent may be quoted in it
+
+std::string errorText(const String& text) {
+    std::string bytes = toUtf8(text);
+    if (bytes.size() <= kMostErrorBytes) return bytes;
+    std::size_t end = kMostErrorBytes;
+    while ((static_cast<unsigned char>(bytes[end]) & 0xC0) == 0x80) --end;
+    bytes.resize(end);
+    bytes.shrink_to_fit();
+    return bytes;
+}
+
+}  // namespace
+
 std::string errorDescription(const CIMException& error) {
-    return toUtf8(TraceableCIMException(error).getDescription());
+    return errorText(TraceableCIMException(error).getDescription());
 }
 
 Answer::Answer(const Message& message, AnswerChannel& channel)
@@ -65,7 +81,7 @@ void Answer::fail(const CIMException& error) {
     const auto code = static_cast<Uint32>(error.getCode());
     if (_channel.takesTrailers()) {
         const std::string description =
-            _returnsValue ? toUtf8(error.getMessage()) : errorDescription(error);
+            _returnsValue ? errorText(error.getMessage()) : errorDescription(error);
         closeReturnValue();
         end();
         return _channel.finish(_text, code, description);

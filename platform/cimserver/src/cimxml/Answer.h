@@ -81,7 +81,7 @@ class Answer {
     bool _sent = false;
 };
 
-/// The text that goes with an error: the status's name and the message.
+/// The text that goes with an error: the status's name and the message, cut when it is very long.
 std::string errorDescription(const Pegasus::CIMException& error);
 
 }  // namespace cimserver

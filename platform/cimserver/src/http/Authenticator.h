@@ -13,8 +13,8 @@ struct Authenticator {
     /// nothing else.
     std::function<bool(const std::string& user, const std::string& password)> verify;
 
-    /// Changes when what verify() has said may no longer hold. Never waits. May be missing when
-    /// that never happens.
+    /// Changes when a password that verify() has taken may be wrong by now. Never waits. May be
+    /// missing when that never happens.
     std::function<std::uint64_t()> version;
 };
 

@@ -160,6 +160,10 @@ CallHead readCallHead(const HttpRequestHead& head) {
     return result;
 }
 
+bool endsConnection(const HttpRequest& request) {
+    return request.version() < 11 || !request.keep_alive();
+}
+
 std::optional<Credentials> readCredentials(const HttpRequestHead& head) {
     std::string_view text = view(head[http::field::authorization]);
     if (!equalIgnoringCase(takeItem(text, ' '), "Basic")) return std::nullopt;

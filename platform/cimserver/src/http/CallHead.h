@@ -23,6 +23,9 @@ struct CallHead {
 /// Reads the header of a request for a CIM operation. Throws Refusal when it isn't one.
 CallHead readCallHead(const HttpRequestHead& head);
 
+/// Whether the connection ends with the answer to this request.
+bool endsConnection(const HttpRequest& request);
+
 /// User and password of a request.
 struct Credentials {
     std::string user;

@@ -88,7 +88,7 @@ Ending refuse(ByteSink& out, const Refusal& refusal, bool close) {
 
 Ending CimService::serve(const HttpRequest& request, const Caller& caller, ByteSink& out,
                          bool close) const {
-    const bool last = close || !request.keep_alive() || request.version() < 11;
+    const bool last = close || endsConnection(request);
     try {
         return answer(request, caller, out, last);
     } catch (const Refusal& refusal) {

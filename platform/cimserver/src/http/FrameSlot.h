@@ -26,10 +26,12 @@ class FrameSlot {
 
     void release() {
         const std::lock_guard lock(_mutex);
+        _frame = Frame();
         _full = false;
         _changed.notify_one();
     }
 
+    /// The frame stays: it may still be on its way.
     void breakOff() {
         const std::lock_guard lock(_mutex);
         _broken = true;

@@ -1,6 +1,6 @@
 #include "http/Gatekeeper.h"
 
-#include <boost/asio/post.hpp>
+#include "http/PostPatiently.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,13 +22,21 @@ void Gatekeeper::check(const std::optional<Credentials>& credentials, const std:
     if (!credentials) return then(Verdict::Refused);
     const Digest digest = digestOf(*credentials);
     if (remembers(digest)) return then(Verdict::Admitted);
-    const auto [attempt, isNew] = _attempts.try_emplace(digest, _io);
-    attempt->second.waiting.push_back(std::move(then));
-    if (isNew) begin(digest, *credentials, address);
+    std::weak_ptr<Attempt>& known = _attempts[digest];
+    AttemptPtr attempt = known.lock();
+    const bool isNew = !attempt;
+    if (isNew) known = attempt = std::make_shared<Attempt>(_io, digest, *credentials, address);
+    attempt->waiting.push_back(std::move(then));
+    if (isNew) begin(attempt);
 }
 
 void Gatekeeper::close() {
-    _attempts.clear();
+    for (const auto& [digest, known] : std::exchange(_attempts, {})) {
+        const AttemptPtr attempt = known.lock();
+        if (!attempt) continue;
+        attempt->waiting.clear();
+        attempt->timer.cancel();
+    }
     _verifier.stop();
     _verifier.join();
 }
@@ -56,28 +64,19 @@ void Gatekeeper::remember(const Digest& digest) {
     _remembered[digest] = Clock::now();
 }
 
-void Gatekeeper::begin(const Digest& digest, const Credentials& credentials,
-                       const std::string& address) {
-    const auto wait = _throttle.begin(address, credentials.user, Clock::now());
-    if (!wait) return end(digest, Verdict::Busy);
-    auto& timer = _attempts.at(digest).timer;
-    timer.expires_after(*wait);
-    timer.async_wait([this, digest, credentials, address](const boost::system::error_code& error) {
-        if (!error) verify(digest, credentials, address);
+void Gatekeeper::begin(const AttemptPtr& attempt) {
+    const auto wait = _throttle.begin(attempt->address, attempt->credentials.user, Clock::now());
+    if (!wait) return end(attempt, Verdict::Busy);
+    attempt->timer.expires_after(*wait);
+    attempt->timer.async_wait([this, attempt](const boost::system::error_code& error) {
+        if (!error) verify(attempt);
     });
 }
 
-void Gatekeeper::verify(const Digest& digest, const Credentials& credentials,
-                        const std::string& address) {
-    asio::post(_verifier, [this, digest, credentials, address] {
-        const bool matches = isRight(credentials);
-        asio::post(_io, [this, digest, user = credentials.user, address, matches] {
-            if (matches) {
-                _throttle.forgive(address, user);
-                remember(digest);
-            }
-            end(digest, matches ? Verdict::Admitted : Verdict::Refused);
-        });
+void Gatekeeper::verify(const AttemptPtr& attempt) {
+    asio::post(_verifier, [this, attempt] {
+        const bool matches = isRight(attempt->credentials);
+        postPatiently(_io.get_executor(), [this, attempt, matches] { conclude(attempt, matches); });
     });
 }
 
@@ -88,10 +87,17 @@ bool Gatekeeper::isRight(const Credentials& credentials) const noexcept try {
     return false;
 }
 
-void Gatekeeper::end(const Digest& digest, Verdict verdict) {
-    const auto attempt = _attempts.extract(digest);
-    if (attempt.empty()) return;
-    for (const Then& then : attempt.mapped().waiting) then(verdict);
+void Gatekeeper::conclude(const AttemptPtr& attempt, bool matches) {
+    if (matches) {
+        _throttle.forgive(attempt->address, attempt->credentials.user);
+        remember(attempt->digest);
+    }
+    end(attempt, matches ? Verdict::Admitted : Verdict::Refused);
+}
+
+void Gatekeeper::end(const AttemptPtr& attempt, Verdict verdict) {
+    _attempts.erase(attempt->digest);
+    for (const Then& then : std::exchange(attempt->waiting, {})) then(verdict);
 }
 
 }  // namespace cimserver

@@ -12,6 +12,7 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -49,28 +50,36 @@ class Gatekeeper {
     using Clock = Throttle::Clock;
     using Digest = SecretDigest::Value;
 
-    /// Same credentials that come several times at once are looked at once.
+    /// Same credentials that come several times at once are looked at once. Whatever is to go on
+    /// with the attempt holds it, so that it ends, and lets those go who wait, when nothing does.
     struct Attempt {
-        explicit Attempt(boost::asio::io_context& io) : timer(io) {}
+        Attempt(boost::asio::io_context& io, const Digest& digestOfBoth,
+                const Credentials& userAndPassword, const std::string& client)
+            : digest(digestOfBoth), credentials(userAndPassword), address(client), timer(io) {}
 
+        const Digest digest;
+        const Credentials credentials;
+        const std::string address;
         boost::asio::steady_timer timer;
         std::vector<Then> waiting;
     };
+    using AttemptPtr = std::shared_ptr<Attempt>;
 
     Digest digestOf(const Credentials& credentials) const;
     bool remembers(const Digest& digest);
     void remember(const Digest& digest);
-    void begin(const Digest& digest, const Credentials& credentials, const std::string& address);
-    void verify(const Digest& digest, const Credentials& credentials, const std::string& address);
+    void begin(const AttemptPtr& attempt);
+    void verify(const AttemptPtr& attempt);
     bool isRight(const Credentials& credentials) const noexcept;
-    void end(const Digest& digest, Verdict verdict);
+    void conclude(const AttemptPtr& attempt, bool matches);
+    void end(const AttemptPtr& attempt, Verdict verdict);
 
     boost::asio::io_context& _io;
     Authenticator _authenticator;
     SecretDigest _digest;
     Throttle _throttle;
     std::unordered_map<Digest, Clock::time_point, SecretDigest::Hash> _remembered;  ///< last use
-    std::unordered_map<Digest, Attempt, SecretDigest::Hash> _attempts;
+    std::unordered_map<Digest, std::weak_ptr<Attempt>, SecretDigest::Hash> _attempts;
     boost::asio::thread_pool _verifier{1};
 };
 

@@ -1,5 +1,6 @@
 #include "http/HttpServer.h"
 
+#include "http/ClientNetwork.h"
 #include "http/Session.h"
 #include "http/TlsProtocol.h"
 
@@ -12,7 +13,7 @@
 
 #include <algorithm>
 #include <csignal>
-#include <deque>
+#include <memory>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -60,8 +61,15 @@ class HttpServer::Impl final : private SessionHost {
           _signals(_io),
           _timer(_io) {}
 
+    // No worker may be left waiting for its client.
+    ~Impl() override {
+        forEach([](const auto& connection) { connection->cut(); });
+        _workers.stop();
+    }
+
     std::vector<std::string> listen(const std::string& host, std::uint16_t port) {
         std::vector<std::string> urls;
+        bool listens = false;
         Error error;
         tcp::resolver resolver(_io);
         const auto found =
@@ -70,22 +78,25 @@ class HttpServer::Impl final : private SessionHost {
         for (const auto& entry : found) {
             tcp::endpoint endpoint = entry.endpoint();
             endpoint.port(port);
+            const bool known = listensAt(endpoint);
+            listens = listens || known;
+            if (known) continue;
             refuseExposure(endpoint);
             tcp::acceptor acceptor = bind(endpoint, error);
             if (error && isMissingAddress(error)) continue;
             if (error) throw cannotListen(describe(endpoint), error);
+            listens = true;
             port = acceptor.local_endpoint().port();
             urls.push_back((_tls ? "https://" : "http://") + describe(acceptor.local_endpoint()) +
                            "/");
-            _acceptors.push_back(std::move(acceptor));
+            _acceptors.push_back(std::make_shared<tcp::acceptor>(std::move(acceptor)));
         }
-        if (urls.empty()) throw cannotListen(host, error);
+        if (!listens) throw cannotListen(host, error);
         return urls;
     }
 
     bool run() {
-        for (auto& acceptor : _acceptors) accept(acceptor);
-        _io.run();
+        serve();
         if (_hanging) return false;
         _workers.join();
         return true;
@@ -102,24 +113,55 @@ class HttpServer::Impl final : private SessionHost {
     }
 
   private:
+    using Acceptor = std::shared_ptr<tcp::acceptor>;  ///< shared with whoever waits for a client
+
     const HttpSettings& settings() const override { return _settings; }
     const CimService& service() const override { return _service; }
     Gatekeeper& gatekeeper() override { return _gatekeeper; }
     asio::thread_pool& workers() override { return _workers; }
 
     void ended(Connection& connection) override {
-        const auto client = _clients.find(connection.peer());
+        const auto entry = _connections.find(&connection);
+        const auto client = _clients.find(entry->second.network);
         if (client != _clients.end() && --client->second == 0) _clients.erase(client);
-        _connections.erase(&connection);
+        _connections.erase(entry);
         endWhenIdle();
+        acceptAgain();
+    }
+
+    // A handler that throws, for want of memory most likely, costs its own connection.
+    void serve() {
+        for (;;) {
+            try {
+                acceptAgain();
+                _io.run();
+                return;
+            } catch (...) {
+                endAbandoned();
+            }
+        }
+    }
+
+    void endAbandoned() {
+        forEach([](const auto& connection) {
+            if (connection->abandoned(connection.use_count() - 2)) connection->cut();
+        });
+        endWhenIdle();
+    }
+
+    bool listensAt(const tcp::endpoint& endpoint) const {
+        return std::any_of(_acceptors.begin(), _acceptors.end(), [&](const auto& acceptor) {
+            return acceptor->local_endpoint() == endpoint;
+        });
     }
 
     void refuseExposure(const tcp::endpoint& endpoint) const {
         if (_settings.insecure || endpoint.address().is_loopback()) return;
         if (_tls && !_gatekeeper.admitsEverybody()) return;
         throw std::runtime_error("cannot listen on " + describe(endpoint) +
-                                 ": other machines could reach it unprotected; it takes "
-                                 "--tls-certificate and --tls-key, or --insecure");
+                                 ": other machines could reach it unprotected; it takes " +
+                                 (_tls ? "authentication" : "--tls-certificate and --tls-key") +
+                                 ", or --insecure");
     }
 
     tcp::acceptor bind(const tcp::endpoint& endpoint, Error& error) {
@@ -133,20 +175,30 @@ class HttpServer::Impl final : private SessionHost {
         return acceptor;
     }
 
-    void accept(tcp::acceptor& acceptor) {
-        acceptor.async_accept([this, &acceptor](Error error, tcp::socket socket) {
+    void accept(const Acceptor& acceptor) {
+        acceptor->async_accept([this, acceptor](Error error, tcp::socket socket) {
             if (_stopping) return;
             if (error) return acceptLater(acceptor);
-            admit(std::move(socket));
             accept(acceptor);
+            admit(std::move(socket));
         });
     }
 
-    void acceptLater(tcp::acceptor& acceptor) {
+    void acceptLater(const Acceptor& acceptor) {
         auto pause = std::make_shared<asio::steady_timer>(_io, kAcceptPause);
-        pause->async_wait([this, pause, &acceptor](Error) {
+        pause->async_wait([this, pause, acceptor](Error) {
             if (!_stopping) accept(acceptor);
         });
+    }
+
+    // Waits for clients where nobody does: at first, and when a handler has thrown. Without memory
+    // for that, it is tried again when a connection ends.
+    void acceptAgain() noexcept try {
+        if (_stopping) return;
+        for (const Acceptor& acceptor : _acceptors) {
+            if (acceptor.use_count() == 1) accept(acceptor);
+        }
+    } catch (...) {
     }
 
     void admit(tcp::socket socket) {
@@ -154,25 +206,26 @@ class HttpServer::Impl final : private SessionHost {
         const auto peer = socket.remote_endpoint(error);
         if (error) return;
         const std::string client = peer.address().to_string();
-        if (!hasRoomFor(client)) return turnAway(socket);
+        const std::string network = networkOf(client);
+        if (!hasRoomFor(network)) return turnAway(socket);
         socket.set_option(tcp::no_delay(true), error);
         boost::beast::tcp_stream stream(std::move(socket));
-        if (_tls) return open(TlsStream(std::move(stream), *_tls), client);
-        open(std::move(stream), client);
+        if (_tls) return open(TlsStream(std::move(stream), *_tls), client, network);
+        open(std::move(stream), client, network);
     }
 
-    bool hasRoomFor(const std::string& client) const {
+    bool hasRoomFor(const std::string& network) const {
         if (_connections.size() >= _settings.maxConnections) return false;
-        const auto found = _clients.find(client);
+        const auto found = _clients.find(network);
         return found == _clients.end() || found->second < _settings.maxConnectionsPerClient;
     }
 
     template <class Stream>
-    void open(Stream stream, const std::string& client) {
+    void open(Stream stream, const std::string& client, const std::string& network) {
         auto session = std::make_shared<Session<Stream>>(std::move(stream), client,
                                                          static_cast<SessionHost&>(*this));
-        _connections.emplace(session.get(), session);
-        ++_clients[client];
+        _connections.emplace(session.get(), Entry{session, network});
+        ++_clients[network];
         session->start();
     }
 
@@ -198,21 +251,22 @@ class HttpServer::Impl final : private SessionHost {
 
     void beginStop() {
         if (std::exchange(_stopping, true)) return;
-        for (auto& acceptor : _acceptors) {
+        for (const Acceptor& acceptor : _acceptors) {
             Error ignored;
-            acceptor.close(ignored);
+            acceptor->close(ignored);
         }
+        forEach([](const auto& connection) { connection->finish(); });
         after(_settings.stopGrace, [this] { cutAll(); });
-        forEach(&Connection::finish);
         endWhenIdle();
     }
 
     void cutAll() {
+        if (std::exchange(_cutting, true)) return;
+        forEach([](const auto& connection) { connection->cut(); });
         after(kUnwindTime, [this] {
             _hanging = true;
             _io.stop();
         });
-        forEach(&Connection::cut);
         endWhenIdle();
     }
 
@@ -234,10 +288,18 @@ class HttpServer::Impl final : private SessionHost {
     }
 
     // Connections that end take themselves out of the map.
-    void forEach(void (Connection::*action)()) {
-        const auto connections = _connections;
-        for (const auto& [key, connection] : connections) (connection.get()->*action)();
+    template <class Action>
+    void forEach(Action action) {
+        for (auto next = _connections.begin(); next != _connections.end();) {
+            const auto connection = (next++)->second.connection;
+            action(connection);
+        }
     }
+
+    struct Entry {
+        std::shared_ptr<Connection> connection;
+        std::string network;  ///< the client's
+    };
 
     const CimService& _service;
     HttpSettings _settings;
@@ -245,12 +307,13 @@ class HttpServer::Impl final : private SessionHost {
     asio::io_context _io{1};
     Gatekeeper _gatekeeper;
     asio::thread_pool _workers;
-    std::deque<tcp::acceptor> _acceptors;
-    std::unordered_map<Connection*, std::shared_ptr<Connection>> _connections;
-    std::unordered_map<std::string, std::size_t> _clients;  ///< connections of each address
+    std::vector<Acceptor> _acceptors;
+    std::unordered_map<Connection*, Entry> _connections;
+    std::unordered_map<std::string, std::size_t> _clients;  ///< connections of each network
     asio::signal_set _signals;
     asio::steady_timer _timer;
     bool _stopping = false;
+    bool _cutting = false;
     bool _hanging = false;
 };
 

@@ -22,7 +22,7 @@ struct HttpSettings {
     std::string realm = "localhost";  ///< told to clients that have to authenticate
     std::size_t workers = 8;          ///< operations that run at once
     std::size_t maxConnections = 256;
-    std::size_t maxConnectionsPerClient = 128;  ///< from one address
+    std::size_t maxConnectionsPerClient = 128;  ///< from one address, or one /64 of IPv6
     std::size_t maxHeaderBytes = 16 << 10;
     std::size_t maxBodyBytes = 4 << 20;
     std::chrono::milliseconds requestTimeout{30'000};  ///< from a request's first byte to its last
@@ -45,9 +45,9 @@ class HttpServer {
     ~HttpServer();
 
     /// Listens at all addresses of a host name; port 0 takes a free one, the same for all
-    /// addresses. Gives the URLs it now listens at. Throws std::runtime_error with the address and
-    /// the reason when it cannot, or when others could reach it unprotected and the settings don't
-    /// allow that.
+    /// addresses. Addresses at which it listens already are passed over. Gives the new URLs. Throws
+    /// std::runtime_error with the address and the reason when it cannot, or when others could
+    /// reach it unprotected and the settings don't allow that.
     std::vector<std::string> listen(const std::string& host, std::uint16_t port);
 
     /// Serves until stop() or until one of the signals that stopOnSignals() has named. Then it

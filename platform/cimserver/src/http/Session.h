@@ -6,6 +6,7 @@
 #include "http/FrameSlot.h"
 #include "http/Gatekeeper.h"
 #include "http/HttpServer.h"
+#include "http/PostPatiently.h"
 #include "http/Response.h"
 
 #include <boost/asio/post.hpp>
@@ -23,6 +24,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace cimserver {
@@ -40,8 +42,9 @@ class Connection {
     /// Ends the connection now. A worker that still produces an answer gets ClientGone.
     virtual void cut() = 0;
 
-    /// The client's IP address.
-    virtual const std::string& peer() const = 0;
+    /// Whether nobody will go on with the connection when so many hold it beside the server: a
+    /// handler has thrown.
+    virtual bool abandoned(long holders) const = 0;
 };
 
 /// What connections need of their server.
@@ -103,7 +106,7 @@ class Session final : public Connection,
 
     void finish() override {
         _finishing = true;
-        if (_idle) end();
+        if (_mayEnd) end();
     }
 
     void cut() override {
@@ -111,13 +114,24 @@ class Session final : public Connection,
         end();
     }
 
-    const std::string& peer() const override { return _peer; }
+    // The worker is one, and who sends its frame another. A worker that is just about to ask for
+    // the sending is taken for abandoned too, and loses its client.
+    bool abandoned(long holders) const override {
+        return holders < (_serving && !_slot.empty() ? 2 : 1);
+    }
 
   private:
     using Error = boost::beast::error_code;
     using Clock = std::chrono::steady_clock;
     using Self = std::shared_ptr<Session>;
     using Parser = boost::beast::http::request_parser<boost::beast::http::string_body>;
+
+    /// A request on its way to a worker and back.
+    struct Job {
+        Self session;
+        HttpRequest request;
+        Ending ending = Ending::Reset;
+    };
 
     // A client that isn't known yet gets no more room than this for what it sends.
     static constexpr std::size_t kAnonymousBodyBytes = 64 << 10;
@@ -130,27 +144,41 @@ class Session final : public Connection,
     auto& lowest() { return boost::beast::get_lowest_layer(_stream); }
     const HttpSettings& settings() const { return _host.settings(); }
 
-    // A client that nobody knows may not keep a connection for nothing.
     void awaitRequest() {
         if (_finishing) return end();
         _patience = settings().writeTimeout;
+        _bareHead.reset();
         _parser.emplace();
         _parser->header_limit(static_cast<std::uint32_t>(settings().maxHeaderBytes));
         _parser->body_limit(settings().maxBodyBytes);
-        if (_buffer.size() != 0) return readHead();
-        _idle = true;
+        _mayEnd = true;
+        // A client that nobody knows may not keep a connection for nothing.
         lowest().expires_after(_caller ? settings().idleTimeout : settings().requestTimeout);
+        awaitFirstByte();
+    }
+
+    // Empty lines before a request mean nothing.
+    void awaitFirstByte() {
+        skipEmptyLines();
+        if (_buffer.size() != 0) return readHead();
         _stream.async_read_some(_buffer.prepare(kReadBytes),
                                 [self = self()](Error error, std::size_t n) {
                                     if (error) return self->end();
                                     self->_buffer.commit(n);
-                                    self->readHead();
+                                    self->awaitFirstByte();
                                 });
     }
 
+    void skipEmptyLines() {
+        const boost::asio::const_buffer bytes = _buffer.data();
+        const std::string_view text(static_cast<const char*>(bytes.data()), bytes.size());
+        _buffer.consume(std::min(text.find_first_not_of("\r\n"), text.size()));
+    }
+
     void readHead() {
-        _idle = false;
-        lowest().expires_after(settings().requestTimeout);
+        _mayEnd = false;
+        _deadline = Clock::now() + settings().requestTimeout;
+        lowest().expires_at(_deadline);
         boost::beast::http::async_read_header(
             _stream, _buffer, *_parser,
             [self = self()](Error error, std::size_t) { self->onHead(error); });
@@ -160,23 +188,42 @@ class Session final : public Connection,
     void onHead(Error error) {
         if (_ended) return;
         if (error) return refuseUnreadable(error);
+        if (!endsForSure()) return refuse(400, "Unknown Transfer-Encoding.");
+        if (_parser->chunked()) _bareHead = head();
         const auto credentials = readCredentials(head());
         _host.gatekeeper().check(
             credentials, _peer,
-            [self = self(), user = credentials ? credentials->user : std::string()](
-                Verdict verdict) { self->onVerdict(verdict, user); });
+            [self = self(), user = credentials ? credentials->user : std::string(),
+             asked = Clock::now()](Verdict verdict) { self->onVerdict(verdict, user, asked); });
     }
 
-    void onVerdict(Verdict verdict, const std::string& user) {
+    const HttpRequestHead& head() const { return _parser->get(); }
+
+    // Whether it is beyond doubt where the body ends, and so where the next request begins.
+    bool endsForSure() const {
+        const bool coded =
+            head().find(boost::beast::http::field::transfer_encoding) != head().end();
+        return !coded || (_parser->chunked() && head().version() >= 11);
+    }
+
+    // The client doesn't pay for the time that the verdict has taken.
+    void onVerdict(Verdict verdict, const std::string& user, Clock::time_point asked) {
         if (_ended) return;
-        lowest().expires_after(settings().requestTimeout);
+        _deadline += Clock::now() - asked;
+        lowest().expires_at(_deadline);
         if (verdict == Verdict::Busy) return refuse(503, "Too many failed logins.");
-        const bool expects =
-            boost::beast::iequals(head()[boost::beast::http::field::expect], "100-continue");
         _caller.reset();
         if (verdict == Verdict::Admitted) {
             _caller = Caller{_host.gatekeeper().admitsEverybody() ? std::string() : user, _peer};
-        } else {
+        }
+        admitBody();
+    }
+
+    void admitBody() {
+        const bool expects =
+            head().version() >= 11 &&
+            boost::beast::iequals(head()[boost::beast::http::field::expect], "100-continue");
+        if (!_caller) {
             const std::uint64_t length = _parser->content_length().value_or(0);
             if (expects || length > kAnonymousBodyBytes) return respondUnauthorized(true);
             _parser->body_limit(kAnonymousBodyBytes);
@@ -184,8 +231,6 @@ class Session final : public Connection,
         if (expects) return sendContinue();
         readBody();
     }
-
-    const HttpRequestHead& head() const { return _parser->get(); }
 
     void sendContinue() {
         static const std::string text = "HTTP/1.1 100 Continue\r\n\r\n";
@@ -206,24 +251,32 @@ class Session final : public Connection,
         if (_ended) return;
         if (error) return refuseUnreadable(error);
         lowest().expires_never();
-        if (!_caller) return respondUnauthorized(!_parser->get().keep_alive());
+        if (!_caller) return respondUnauthorized(endsConnection(_parser->get()));
         serve();
     }
 
     void serve() {
-        _serving = true;
         abortive(true);
-        auto request = std::make_shared<const HttpRequest>(_parser->release());
-        boost::asio::post(_host.workers(), [self = self(), request = std::move(request)]() mutable {
-            const Ending ending = self->produce(*request);
-            auto executor = self->_stream.get_executor();
-            boost::asio::post(executor,
-                              [self = std::move(self), ending] { self->onProduced(ending); });
+        const auto job = std::make_shared<Job>(Job{self(), _parser->release()});
+        // What follows the body doesn't belong to the head.
+        if (_bareHead) job->request.base() = *std::exchange(_bareHead, std::nullopt);
+        boost::asio::post(_host.workers(), [job] { run(job); });
+        _serving = true;
+    }
+
+    // On a worker.
+    static void run(const std::shared_ptr<Job>& job) {
+        const auto executor = job->session->_stream.get_executor();
+        job->ending = job->session->produce(job->request);
+        postPatiently(executor, [job] {
+            const Self self = std::move(job->session);
+            self->onProduced(job->ending);
         });
     }
 
     // On a worker.
     Ending produce(const HttpRequest& request) {
+        if (_slot.broken()) return Ending::Reset;
         try {
             return _host.service().serve(request, *_caller, *this, _finishing);
         } catch (...) {  // the client has gone, or there is no memory even to refuse
@@ -234,7 +287,12 @@ class Session final : public Connection,
     // On a worker.
     void write(Frame frame) override {
         _slot.put(std::move(frame));
-        boost::asio::post(_stream.get_executor(), [self = self()] { self->sendFrame(); });
+        try {
+            boost::asio::post(_stream.get_executor(), [self = self()] { self->sendFrame(); });
+        } catch (...) {
+            _slot.breakOff();
+            throw;
+        }
     }
 
     void sendFrame() {
@@ -321,7 +379,7 @@ class Session final : public Connection,
     // back.
     void drain() {
         lowest().expires_after(kDrainTime);
-        _idle = true;
+        _mayEnd = true;
         StreamProtocol<Stream>::endSending(_stream, [self = self()] { self->discard(); });
     }
 
@@ -355,13 +413,15 @@ class Session final : public Connection,
     SessionHost& _host;
     boost::beast::flat_buffer _buffer;  // bounded: a line that never ends is kept in it
     std::optional<Parser> _parser;
+    std::optional<HttpRequestHead> _bareHead;  ///< without trailers, when there may be some
+    Clock::time_point _deadline;               ///< of the request
     std::optional<Caller> _caller;
     FrameSlot _slot;
     std::optional<Ending> _ending;  ///< set once nobody will put another frame
     std::atomic<bool> _finishing{false};
     Clock::duration _patience{};  ///< how long the client may let an answer wait
     std::size_t _discarded = 0;
-    bool _idle = false;     ///< nothing of a request has come yet
+    bool _mayEnd = false;   ///< nothing of a request has come yet, or no other will be served
     bool _serving = false;  ///< a worker runs the request
     bool _ended = false;
 };

@@ -1,24 +1,14 @@
 #include "http/Throttle.h"
 
-#include <boost/asio/ip/address.hpp>
+#include "http/ClientNetwork.h"
 
 #include <algorithm>
-#include <string>
 
 namespace cimserver {
 
 namespace {
 
 constexpr unsigned kMostFailures = 64;  // more are not told apart
-
-// Whoever has one address of an IPv6 network has as many of it as he likes.
-std::string networkOf(std::string_view address) {
-    boost::system::error_code error;
-    const auto parsed = boost::asio::ip::make_address(std::string(address), error);
-    if (error || !parsed.is_v6()) return std::string(address);
-    const auto bytes = parsed.to_v6().to_bytes();
-    return std::string(bytes.begin(), bytes.begin() + bytes.size() / 2);
-}
 
 }  // namespace
 

@@ -42,6 +42,7 @@ class File {
         std::size_t length = 0;
         while (length < room.size()) {
             const ssize_t got = read(_descriptor, room.data() + length, room.size() - length);
+            if (got < 0 && errno == EINTR) continue;
             if (got < 0) throw std::system_error(errno, std::generic_category());
             if (got == 0) break;
             length += static_cast<std::size_t>(got);
@@ -66,6 +67,7 @@ void useKey(ssl::context& context, const std::string& name) {
         const File file(name);
         if (file.isOpenToOthers()) throw unusable("key", name, "everybody may read it (chmod o=)");
         const std::size_t length = file.readInto(secret.room);
+        if (length == kMostKeyBytes) throw unusable("key", name, "too long");
         context.use_private_key(boost::asio::buffer(secret.room.data(), length), ssl::context::pem,
                                 error);
     } catch (const std::system_error& failure) {
@@ -80,14 +82,15 @@ void useCertificate(ssl::context& context, const std::string& name) {
     if (error) throw unusable("certificate", name, error.message());
 }
 
-// TLS 1.2 with forward secrecy and authenticated encryption only; all of TLS 1.3 has both. Nothing
-// is kept for clients that have gone.
+// TLS 1.2 with forward secrecy and authenticated encryption only; all of TLS 1.3 has both. No
+// session outlives its connection, neither here nor in a ticket with the client.
 void restrict(ssl::context& context) {
     SSL_CTX* const native = context.native_handle();
     SSL_CTX_set_min_proto_version(native, TLS1_2_VERSION);
     SSL_CTX_set_cipher_list(native, "ECDHE+AESGCM:ECDHE+CHACHA20");
-    SSL_CTX_set_options(
-        native, SSL_OP_NO_RENEGOTIATION | SSL_OP_CIPHER_SERVER_PREFERENCE | SSL_OP_NO_COMPRESSION);
+    SSL_CTX_set_options(native, SSL_OP_NO_RENEGOTIATION | SSL_OP_CIPHER_SERVER_PREFERENCE |
+                                    SSL_OP_NO_COMPRESSION | SSL_OP_NO_TICKET);
+    SSL_CTX_set_num_tickets(native, 0);
     SSL_CTX_set_session_cache_mode(native, SSL_SESS_CACHE_OFF);
     SSL_CTX_set_mode(native, SSL_MODE_RELEASE_BUFFERS);
 }

@@ -16,7 +16,7 @@ struct StreamProtocol<TlsStream> {
         stream.async_handshake(boost::asio::ssl::stream_base::server, std::move(then));
     }
 
-    /// The client's own good-bye is not needed.
+    /// Waits for the client's own good-bye, for as long as the stream's deadline lets it.
     template <class Then>
     static void endSending(TlsStream& stream, Then then) {
         stream.async_shutdown([&stream, then = std::move(then)](boost::beast::error_code) {

@@ -102,7 +102,7 @@ void addLimits(CLI::App& app, HttpSettings& http) {
     addCount(app, "-t,--threads", http.workers, 256, "operations that run at once");
     addCount(app, "--max-connections", http.maxConnections, 100'000, "connections at once");
     addCount(app, "--max-client-connections", http.maxConnectionsPerClient, 100'000,
-             "connections from one address at once");
+             "connections from one address at once, or one /64 of IPv6");
     addCount(app, "--max-header", http.maxHeaderBytes, 1 << 20, "bytes of an HTTP header");
     addCount(app, "--max-body", http.maxBodyBytes, 256 << 20, "bytes of a request's body");
     addSeconds(app, "--request-timeout", http.requestTimeout,

@@ -15,6 +15,7 @@
 #include <malloc.h>
 #include <qrvapi_control.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -90,6 +91,7 @@ void announce(const std::vector<std::string>& urls) {
 }
 
 int serve(Options options) {
+    std::signal(SIGPIPE, SIG_IGN);  // whoever reads the log may go
     forbidNewRights();
     shareHeaps();
     options.http.realm = std::string(ownHostName().getCString());
