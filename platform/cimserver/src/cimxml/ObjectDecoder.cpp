@@ -1,7 +1,7 @@
 #include "cimxml/ObjectDecoder.h"
 
-#include "model/TextConversion.h"
 #include "cimxml/Utf8.h"
+#include "model/TextConversion.h"
 
 #include <Pegasus/Common/CIMFlavor.h>
 #include <Pegasus/Common/CIMProperty.h>

@@ -109,6 +109,7 @@ class HttpServer::Impl final : private SessionHost {
     void stopOnSignals() {
         _signals.add(SIGTERM);
         _signals.add(SIGINT);
+        _signals.add(SIGHUP);
         awaitSignal();
     }
 

@@ -59,7 +59,7 @@ class HttpServer {
     /// Ends run(). May be called on any thread.
     void stop();
 
-    /// Lets SIGTERM and SIGINT end run(); the second of them ends it without grace.
+    /// Lets SIGTERM, SIGINT and SIGHUP end run(); the second of them ends it without grace.
     void stopOnSignals();
 
   private:

@@ -176,7 +176,6 @@ class Session final : public Connection,
     }
 
     void readHead() {
-        _mayEnd = false;
         _deadline = Clock::now() + settings().requestTimeout;
         lowest().expires_at(_deadline);
         boost::beast::http::async_read_header(
@@ -188,6 +187,7 @@ class Session final : public Connection,
     void onHead(Error error) {
         if (_ended) return;
         if (error) return refuseUnreadable(error);
+        _mayEnd = false;
         if (!endsForSure()) return refuse(400, "Unknown Transfer-Encoding.");
         if (_parser->chunked()) _bareHead = head();
         const auto credentials = readCredentials(head());
@@ -421,7 +421,7 @@ class Session final : public Connection,
     std::atomic<bool> _finishing{false};
     Clock::duration _patience{};  ///< how long the client may let an answer wait
     std::size_t _discarded = 0;
-    bool _mayEnd = false;   ///< nothing of a request has come yet, or no other will be served
+    bool _mayEnd = false;   ///< no request's whole head has come, or no other will be served
     bool _serving = false;  ///< a worker runs the request
     bool _ended = false;
 };

@@ -78,7 +78,12 @@ void useKey(ssl::context& context, const std::string& name) {
 
 void useCertificate(ssl::context& context, const std::string& name) {
     boost::system::error_code error;
-    context.use_certificate_chain_file(name, error);
+    try {
+        const File readable(name);
+        context.use_certificate_chain_file(name, error);
+    } catch (const std::system_error& failure) {
+        throw unusable("certificate", name, failure.code().message());
+    }
     if (error) throw unusable("certificate", name, error.message());
 }
 

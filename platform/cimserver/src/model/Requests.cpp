@@ -1,7 +1,7 @@
 #include "model/Requests.h"
 
-#include "model/TextConversion.h"
 #include "model/HostName.h"
+#include "model/TextConversion.h"
 #include "model/TypeDispatch.h"
 
 namespace cimserver {

@@ -123,7 +123,8 @@ CommandLine parseCommandLine(int argc, char** argv) {
     app.set_version_flag("--version", "qrv-cimserver " QRV_VERSION);
     app.footer(
         "The clients' users and passwords are those of the array's scenario.\n"
-        "SIGTERM and SIGINT stop the server after the requests in flight.\n"
+        "SIGTERM, SIGINT and SIGHUP stop the server after the requests in flight; a second one at "
+        "once.\n"
         "Exit status: 0 stopped, 1 cannot serve, 2 wrong usage.");
     addPlaces(app, options);
     addProtection(app, options);
