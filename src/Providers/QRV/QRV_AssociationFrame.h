@@ -58,7 +58,7 @@ Array<CIMInstance> whenThereIs(CIMOMHandle& cimom, const OperationContext& conte
                                const CIMObjectPath& path, Build build) {
     Array<CIMInstance> built;
     try {
-        if (!tryGetInstance(cimom, context, path, false, false, CIMPropertyList())
+        if (!cimom.getInstance(context, QRV_NAMESPACE, path, false, false, false, CIMPropertyList())
                  .isUninitialized())
             built.append(build());
     } catch (...) {

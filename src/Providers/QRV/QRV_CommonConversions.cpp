@@ -10,14 +10,13 @@
 #include <new>
 
 #include "QRV_Common.h"
+#include "QRV_InstanceID.h"
 #include "QRV_Text.h"
 #include "QRV_Trace.h"
 
 namespace Pegasus {
 
 namespace {
-
-constexpr const char* ID_PREFIX = "ORVELIS:";
 
 /// Minutes east of UTC, without seconds.
 int utcOffset(const tm& local) {
@@ -186,7 +185,7 @@ Uint16 QRV_Common::getPortHealthState(api_port_status_t status) {
 }
 
 String QRV_Common::extractFromInstanceID(const String& instanceID) {
-    const String prefix(ID_PREFIX);
+    const String prefix(VENDOR_MARK);
     const Uint32 found = instanceID.find(prefix);
     return found == PEG_NOT_FOUND ? String() : instanceID.subString(found + prefix.size());
 }

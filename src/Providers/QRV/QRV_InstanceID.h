@@ -7,9 +7,12 @@
 
 namespace Pegasus {
 
+/// What InstanceIDs begin with.
+constexpr const char* VENDOR_MARK = "ORVELIS:";
+
 /// The InstanceID of what has this name.
 inline String markedID(const String& name) {
-    return String("ORVELIS:") + name;
+    return String(VENDOR_MARK) + name;
 }
 
 /// What follows the first colon, or all of a text without one. The vendor's mark in front isn't

@@ -65,25 +65,6 @@ constexpr std::array<bool, 128> LABEL_CHARACTERS = [] {
     return legal;
 }();
 
-/// Labels with dots between them, of which the last isn't a number. Every path with a host comes
-/// through here, so it looks at each character once.
-bool isName(const Char16* text, std::size_t size) {
-    bool starts = true;
-    bool number = true;
-    for (std::size_t i = 0; i < size; ++i) {
-        const unsigned c = text[i];
-        if (c >= LABEL_CHARACTERS.size() || !LABEL_CHARACTERS[c]) {
-            if (c != '.' || starts) return false;
-            starts = number = true;
-            continue;
-        }
-        if (starts && c == '-') return false;
-        number = number && c >= '0' && c <= '9';
-        starts = false;
-    }
-    return !starts && !number;
-}
-
 /// What follows the host: nothing, or a colon and a port, which may be empty.
 bool isPortPart(std::string_view text) {
     if (text.empty()) return true;
@@ -102,13 +83,28 @@ bool isBracketedHost(std::string_view text) {
 
 }  // namespace
 
+/// Labels with dots between them, of which the last isn't a number. Every path with a host comes
+/// through here, so it looks at each character once.
 bool isHostName(const Char16* text, std::size_t size) {
-    return isName(text, size);
+    bool starts = true;
+    bool number = true;
+    for (std::size_t i = 0; i < size; ++i) {
+        const unsigned c = text[i];
+        if (c >= LABEL_CHARACTERS.size() || !LABEL_CHARACTERS[c]) {
+            if (c != '.' || starts) return false;
+            starts = number = true;
+            continue;
+        }
+        if (starts && c == '-') return false;
+        number = number && c >= '0' && c <= '9';
+        starts = false;
+    }
+    return !starts && !number;
 }
 
 bool isHost(const String& text) {
     const Char16* const chars = text.getChar16Data();
-    if (isName(chars, text.size())) return true;
+    if (isHostName(chars, text.size())) return true;
     std::string ascii(text.size(), '\0');
     for (std::size_t i = 0; i < ascii.size(); ++i) {
         if (chars[i] == Char16() || chars[i] >= 0x80) return false;
@@ -118,7 +114,7 @@ bool isHost(const String& text) {
     if (!all.empty() && all[0] == '[') return isBracketedHost(all);
     const auto colon = std::min(all.find(':'), all.size());
     const auto host = all.substr(0, colon);
-    return (isName(chars, host.size()) || isIpv4(host)) && isPortPart(all.substr(colon));
+    return (isHostName(chars, host.size()) || isIpv4(host)) && isPortPart(all.substr(colon));
 }
 
 String ownHostName() {

@@ -1,13 +1,14 @@
 #include "QRV_HWIDCollectionElementSettingDataProvider.h"
 
 #include "../QRV_Common.h"
+#include "../QRV_InstanceID.h"
 
 namespace Pegasus {
 
 namespace {
 
 const CIMName COLLECTION("QRV_StorageHardwareIDCollection");
-const String ID_PREFIX("ORVELIS:");
+const String ID_PREFIX(VENDOR_MARK);
 
 Persona personaOfHost(const String& hostName) {
     const Persona persona = personaOfFirstHost(hostName.getCString(), QRV_NO_WWN, nullptr);
