@@ -6,6 +6,7 @@
 #include <array>
 
 #include "model/ArrayImpl.h"
+#include "model/Names.h"
 
 PEGASUS_NAMESPACE_BEGIN
 namespace {
@@ -35,11 +36,6 @@ NamePlace placeOf(Uint16 unit) {
     return unit < 0x80 ? asciiPlaces[unit] : unit <= 0xFFEF ? anywhere : nowhere;
 }
 
-bool isName(const Char16* begin, const Char16* end) {
-    return begin != end && placeOf(*begin) == anywhere &&
-           std::all_of(begin + 1, end, [](Uint16 unit) { return placeOf(unit) != nowhere; });
-}
-
 /// The text itself, once it is known to be a name.
 String checkedName(String name) {
     if (!CIMName::legal(name)) {
@@ -56,6 +52,17 @@ String checkedNamespace(const String& name) {
 }
 
 }  // namespace
+PEGASUS_NAMESPACE_END
+
+bool cimserver::isName(const Pegasus::Char16* begin, const Pegasus::Char16* end) noexcept {
+    using namespace Pegasus;
+    return begin != end && placeOf(*begin) == anywhere &&
+           std::all_of(begin + 1, end, [](Uint16 unit) { return placeOf(unit) != nowhere; });
+}
+
+PEGASUS_NAMESPACE_BEGIN
+
+using cimserver::isName;
 
 CIMName::CIMName(const String& name) : _name(checkedName(name)) {}
 

@@ -1,5 +1,6 @@
 // Reads the text of an object path.
 #include "model/HostName.h"
+#include "model/Names.h"
 #include "model/Numbers.h"
 #include "model/ObjectPathRep.h"
 
@@ -189,15 +190,12 @@ class PlainPath {
         return found;
     }
 
-    /// A name as of a class: ASCII letters, digits and underscores, no digit first.
     bool takeName() {
         const Char16* const begin = _at;
-        for (; _at != _end; ++_at) {
-            const unsigned lower = *_at | 0x20U;
-            const bool isDigit = *_at >= '0' && *_at <= '9';
-            if (!(lower >= 'a' && lower <= 'z') && *_at != '_' && !(isDigit && _at != begin)) break;
-        }
-        return _at != begin;
+        _at = std::find_if(_at, _end, [](Char16 c) {
+            return c == '/' || c == ':' || c == '.' || c == ',' || c == '=';
+        });
+        return isName(begin, _at);
     }
 
     bool takeHost() {
